@@ -1,0 +1,43 @@
+// TavKit.h - all that a host of the library includes
+#pragma once
+
+#include <afxwin.h>
+#include <afxcmn.h>
+
+#include "tavkit/frame/services/ADIFile.h"
+#include "tavkit/frame/services/BDIDrvr.h"
+#include "tavkit/frame/services/BDIDrvrMngr.h"
+#include "tavkit/frame/services/BDIMoniker.h"
+#include "tavkit/frame/services/BaseFuncs.h"
+#include "tavkit/frame/services/CnfgLdr.h"
+#include "tavkit/frame/services/DCanvas.h"
+#include "tavkit/frame/services/DCnfg.h"
+#include "tavkit/frame/services/DError.h"
+#include "tavkit/frame/services/DFile.h"
+#include "tavkit/frame/services/DFileFrmt.h"
+#include "tavkit/frame/services/DHstg.h"
+#include "tavkit/frame/services/DIOPlugin.h"
+#include "tavkit/frame/services/DList.h"
+#include "tavkit/frame/services/DString.h"
+#include "tavkit/frame/services/DVector.h"
+#include "tavkit/frame/services/IAttrData.h"
+#include "tavkit/frame/services/RDIDriver.h"
+#include "tavkit/frame/services/RDIDriverMngr.h"
+#include "tavkit/frame/services/Report.h"
+#include "tavkit/frame/services/Wksp.h"
+#include "tavkit/frame/services/XMLNode.h"
+
+#include "tavkit/docking/TavDockBar.h"
+#include "tavkit/docking/TavPropList.h"
+#include "tavkit/drawing/DlgMsgDetails.h"
+#include "tavkit/drawing/DrawImg.h"
+#include "tavkit/drawing/RoundRectGradient.h"
+#include "tavkit/drawing/TextBlock.h"
+#include "tavkit/drawing/XMessageBox.h"
+#include "tavkit/frame/FloatEdit.h"
+#include "tavkit/frame/Module.h"
+#include "tavkit/layout/DynamicChildDlg.h"
+#include "tavkit/layout/DynamicDialog.h"
+#include "tavkit/layout/DynamicWndEx.h"
+#include "tavkit/layout/SizeIconCtrl.h"
+#include "tavkit/widgets/HyperLink.h"

@@ -1,0 +1,84 @@
+// Wksp.h - the workspace, its data schema and the custom imports that the schema declares
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "tavkit/frame/services/DString.h"
+#include "tavkit/frame/services/DVector.h"
+
+/// How one layer of a custom import becomes a picture.
+class TAVHOST_API ImportImgLayerData
+{
+public:
+    ImportImgLayerData();
+    ImportImgLayerData(ImportImgLayerData const& other);
+    ImportImgLayerData& operator=(ImportImgLayerData const& other);
+    ~ImportImgLayerData();
+
+    // The fields are part of the interface, in this order.
+    DString m_strLayer;  ///< name of the layer
+    DString m_strFile;   ///< file name pattern
+    DString m_strDrvrId; ///< identifier of the raster driver
+};
+
+/// Import of a file layout that the user's data schema describes.
+class TAVHOST_API CustImport
+{
+public:
+    /// What the schema says of the import. The texts are part of the interface, in this order.
+    struct Dfntn
+    {
+        DString m_strName;                          ///< what the file dialogs show
+        DString m_strDscr;                          ///< description
+        DString m_strFrmtId;                        ///< identifier of the format
+        DVectorSafe<DString> m_vecParam;            ///< parameters of the file pattern
+        DVectorSafe<ImportImgLayerData> m_vecLayer; ///< picture layers
+    };
+
+    /// @param dfntn  borrowed; must outlive the import.
+    explicit CustImport(Dfntn const* dfntn);
+    CustImport(CustImport const&) = delete;
+    CustImport& operator=(CustImport const&) = delete;
+    ~CustImport();
+
+    /// The file name pattern for the parameters @p params.
+    /// @param folder  put in front of the pattern; "" for none.
+    DString GetFilePttr(DVectorSafe<DString> const& params, char const* folder);
+
+    Dfntn const* m_pDfntn; ///< the definition, borrowed; the first field
+};
+
+/// The data schema of a workspace.
+class TAVHOST_API DataSchm
+{
+public:
+    DataSchm();
+    DataSchm(DataSchm const&) = delete;
+    DataSchm& operator=(DataSchm const&) = delete;
+    ~DataSchm();
+
+    [[nodiscard]] int GetNumCustImport() const;
+    /// The import at @p index, owned by the schema; null outside.
+    CustImport* GetCustImport(int index);
+
+private:
+    std::vector<std::unique_ptr<CustImport>> m_vecImport;
+};
+
+/// The workspace that is open.
+class TAVHOST_API Wksp
+{
+public:
+    /// The workspace; null when none is open.
+    static Wksp* Instance();
+
+    /// The schema, owned by the workspace; null when it has none.
+    [[nodiscard]] DataSchm* GetDataSchm() const;
+
+private:
+    Wksp();
+    ~Wksp();
+
+    std::unique_ptr<DataSchm> m_pSchm;
+};

@@ -1,0 +1,9 @@
+# Sources of the library that know no window and no platform; the native tests build them too.
+set(TAVKIT_LOGIC_SOURCES
+    drawing/ContrastStretch.cpp
+    drawing/ImageFit.cpp
+    drawing/MsgBoxLayout.cpp
+    drawing/NearestScale.cpp
+    drawing/TextBlockMarks.cpp
+    layout/WindowRecord.cpp)
+list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")

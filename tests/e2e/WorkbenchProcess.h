@@ -1,0 +1,66 @@
+// WorkbenchProcess.h - a running workbench, and what can be seen of it from outside
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace e2e
+{
+inline constexpr char kTitle[] = "TavKit Workbench";
+inline constexpr char kDialogClass[] = "#32770";
+inline constexpr char kMenuClass[] = "#32768";
+
+/// Parts of the status bar.
+enum StatusPart
+{
+    statusName,
+    statusSize,
+    statusType,
+    statusZoom
+};
+
+/// A workbench in a process of its own. The destructor ends the process if it still runs.
+class WorkbenchProcess
+{
+public:
+    /// Starts the program that lies beside this one, and waits for its window unless there is to be none.
+    explicit WorkbenchProcess(const std::string& arguments, bool waitForWindow = true);
+    ~WorkbenchProcess();
+    WorkbenchProcess(const WorkbenchProcess&) = delete;
+    WorkbenchProcess& operator=(const WorkbenchProcess&) = delete;
+
+    /// The main window; null when it didn't come in time.
+    [[nodiscard]] HWND Window() const { return m_window; }
+    /// Exit code; none when the program still runs after the time.
+    [[nodiscard]] std::optional<DWORD> WaitForExit(DWORD milliseconds) const;
+
+    [[nodiscard]] HWND List() const;
+    [[nodiscard]] HWND View() const;
+    [[nodiscard]] HWND Field() const;
+    [[nodiscard]] std::vector<std::string> Names() const;
+    /// Name that is chosen in the list; "" when none is.
+    [[nodiscard]] std::string Chosen() const;
+    /// What the view says it shows.
+    [[nodiscard]] std::string ViewText() const;
+    [[nodiscard]] std::string FieldText() const;
+    [[nodiscard]] std::string Status(StatusPart part) const;
+    [[nodiscard]] HWND Focus() const;
+    /// A visible top-level window of the process by class and, unless null, title; null when there is none.
+    [[nodiscard]] HWND Popup(const char* className, const char* title = nullptr) const;
+    /// True while a menu or a drag of the system holds the program.
+    [[nodiscard]] bool IsInModalLoop() const;
+
+    /// Clicks on a line of the list.
+    void ClickLine(int index) const;
+
+private:
+    PROCESS_INFORMATION m_process{};
+    HWND m_window = nullptr;
+};
+
+/// Text of a window of any process, controls included.
+[[nodiscard]] std::string TextOf(HWND window);
+} // namespace e2e

@@ -1,0 +1,188 @@
+// PlacementTest.cpp - where the children of a resized window go
+
+#include "tavkit/layout/Placement.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <limits>
+#include <random>
+
+namespace
+{
+
+using tavkit::LayoutDelta;
+using tavkit::PlaceRect;
+
+struct PlaceCase
+{
+    const char* name;
+    RECT rect;
+    std::array<signed char, 4> percent;
+    SIZE minSize;
+    LayoutDelta layout;
+    RECT expected;
+};
+
+class PlaceRectTest : public testing::TestWithParam<PlaceCase>
+{
+};
+
+RECT Place(const PlaceCase& c)
+{
+    const signed char percent[4] = {c.percent[0], c.percent[1], c.percent[2], c.percent[3]};
+    return PlaceRect(c.rect, percent, c.minSize, c.layout);
+}
+
+void ExpectRect(const RECT& actual, const RECT& expected)
+{
+    EXPECT_EQ(actual.left, expected.left);
+    EXPECT_EQ(actual.top, expected.top);
+    EXPECT_EQ(actual.right, expected.right);
+    EXPECT_EQ(actual.bottom, expected.bottom);
+}
+
+TEST_P(PlaceRectTest, GivesTheRectangle) { ExpectRect(Place(GetParam()), GetParam().expected); }
+
+constexpr RECT kWide{10, 10, 110, 30};
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, PlaceRectTest,
+    testing::Values(
+        PlaceCase{"StayingEdgesDoNotMove", kWide, {0, 0, 0, 0}, {0, 0}, {{50, 70}, {}, false}, kWide},
+        PlaceCase{
+            "AStretchedChildGrowsToTheRight", kWide, {0, 0, 100, 0}, {0, 0}, {{50, 70}, {}, false}, {10, 10, 160, 30}},
+        PlaceCase{
+            "AStretchedChildGrowsDownwards", kWide, {0, 0, 0, 100}, {0, 0}, {{50, 70}, {}, false}, {10, 10, 110, 100}},
+        PlaceCase{"AFollowingChildMovesByAllOfIt",
+                  kWide,
+                  {100, 100, 100, 100},
+                  {0, 0},
+                  {{50, 70}, {}, false},
+                  {60, 80, 160, 100}},
+        PlaceCase{
+            "HalfOfMinusThreeIsMinusOne", kWide, {50, 50, 50, 50}, {0, 0}, {{-3, -3}, {}, false}, {9, 9, 109, 29}},
+        PlaceCase{"HalfOfThreeIsOne", kWide, {50, 50, 50, 50}, {0, 0}, {{3, 3}, {}, false}, {11, 11, 111, 31}},
+        PlaceCase{"EachEdgeHasItsOwnShare",
+                  {0, 0, 100, 100},
+                  {10, 20, 30, 40},
+                  {0, 0},
+                  {{10, 10}, {}, false},
+                  {1, 2, 103, 104}},
+        PlaceCase{
+            "AChildOfNoWidthLeftIsParked", kWide, {0, 0, 100, 0}, {0, 0}, {{-100, 0}, {}, false}, {-10, 10, -10, 30}},
+        PlaceCase{"AParkedChildKeepsItsMinimalWidth",
+                  kWide,
+                  {0, 0, 100, 0},
+                  {20, 0},
+                  {{-100, 0}, {}, false},
+                  {-30, 10, -10, 30}},
+        PlaceCase{"AChildExactlyAsWideAsItsMinimumIsParked",
+                  kWide,
+                  {0, 0, 100, 0},
+                  {20, 0},
+                  {{-80, 0}, {}, false},
+                  {-30, 10, -10, 30}},
+        PlaceCase{"AChildOnePixelWiderIsNot", kWide, {0, 0, 100, 0}, {20, 0}, {{-79, 0}, {}, false}, {10, 10, 31, 30}},
+        PlaceCase{"AChildExactlyAsHighAsItsMinimumIsParked",
+                  kWide,
+                  {0, 0, 0, 0},
+                  {0, 20},
+                  {{0, 0}, {}, false},
+                  {10, -30, 110, -10}},
+        PlaceCase{"ScrollingShiftsBothAxes", kWide, {0, 0, 0, 0}, {0, 0}, {{0, 0}, {4, 5}, true}, {6, 5, 106, 25}},
+        PlaceCase{"AScrolledWindowThatShrankDoesNotSqueeze",
+                  kWide,
+                  {0, 0, 100, 100},
+                  {0, 0},
+                  {{-50, -5}, {4, 5}, true},
+                  {6, 5, 106, 25}},
+        PlaceCase{"AScrolledWindowThatGrewStretches",
+                  kWide,
+                  {0, 0, 100, 100},
+                  {0, 0},
+                  {{50, 7}, {4, 5}, true},
+                  {6, 5, 156, 32}},
+        PlaceCase{"TheAxesAreJudgedApart", kWide, {0, 0, 100, 100}, {0, 0}, {{-50, 7}, {4, 5}, true}, {6, 5, 106, 32}},
+        PlaceCase{"ScrollPositionsCountOnlyWhenUsed", kWide, {0, 0, 0, 0}, {0, 0}, {{0, 0}, {4, 5}, false}, kWide}),
+    [](const auto& info) { return info.param.name; });
+
+TEST(PlaceRect, AHalfMovingChildElevenWideStaysElevenWideForEveryDelta)
+{
+    for (int delta = -200; delta <= 200; ++delta)
+    {
+        const RECT placed = PlaceRect({500, 500, 511, 511}, {50, 50, 50, 50}, {0, 0}, {{delta, delta}, {}, false});
+        ASSERT_EQ(placed.right - placed.left, 11) << delta;
+        ASSERT_EQ(placed.bottom - placed.top, 11) << delta;
+    }
+}
+
+TEST(PlaceRect, WrapsLikeA32BitWordInsteadOfTrapping)
+{
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+    // 3'000'000'000 is -1'294'967'296 in a word of 32 bits.
+    const RECT placed = PlaceRect({0, 0, 10, 10}, {100, 0, 100, 0}, {0, 0}, {{30'000'000, 0}, {}, false});
+    EXPECT_EQ(placed.left, -12'949'672);
+    EXPECT_EQ(placed.right, -12'949'662);
+    EXPECT_EQ(tavkit::details::Add(kMost, 1), std::numeric_limits<std::int32_t>::min());
+}
+
+// --- the same rules once more, written for one axis from the sentences and with wide numbers
+
+struct Axis
+{
+    long long first;
+    long long second;
+};
+
+long long TowardsZero(long long value, long long divisor)
+{
+    return (value < 0 ? -((-value) / divisor) : value / divisor);
+}
+
+Axis CheckAxis(Axis a, int firstPercent, int secondPercent, int minimum, int delta, int scroll, bool scrolled)
+{
+    if (scrolled)
+    {
+        a.first -= scroll;
+        a.second -= scroll;
+    }
+    const bool grows = !(scrolled && delta < 0);
+    if (grows)
+    {
+        a.first += TowardsZero(static_cast<long long>(firstPercent) * delta, 100);
+        a.second += TowardsZero(static_cast<long long>(secondPercent) * delta, 100);
+    }
+    if (a.second - a.first <= minimum)
+    {
+        return {-10 - minimum, -10};
+    }
+    return a;
+}
+
+TEST(PlaceRect, AgreesWithAnIndependentReadingOfTheRulesOnRandomInput)
+{
+    std::mt19937 random(20260101);
+    const auto pick = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    for (int round = 0; round < 200'000; ++round)
+    {
+        const int left = pick(-300, 3000);
+        const int top = pick(-300, 3000);
+        const RECT rect{left, top, left + pick(-5, 500), top + pick(-5, 500)};
+        const signed char percent[4] = {static_cast<signed char>(pick(0, 100)), static_cast<signed char>(pick(0, 100)),
+                                        static_cast<signed char>(pick(0, 100)), static_cast<signed char>(pick(0, 100))};
+        const SIZE minSize{pick(0, 60), pick(0, 60)};
+        const LayoutDelta layout{{pick(-3000, 3000), pick(-3000, 3000)}, {pick(0, 800), pick(0, 800)}, pick(0, 1) == 1};
+        const RECT placed = PlaceRect(rect, percent, minSize, layout);
+        const Axis x = CheckAxis({rect.left, rect.right}, percent[0], percent[2], minSize.cx, layout.delta.cx,
+                                 layout.scroll.x, layout.useScrollPos);
+        const Axis y = CheckAxis({rect.top, rect.bottom}, percent[1], percent[3], minSize.cy, layout.delta.cy,
+                                 layout.scroll.y, layout.useScrollPos);
+        ASSERT_EQ(placed.left, x.first) << "round " << round;
+        ASSERT_EQ(placed.right, x.second) << "round " << round;
+        ASSERT_EQ(placed.top, y.first) << "round " << round;
+        ASSERT_EQ(placed.bottom, y.second) << "round " << round;
+    }
+}
+
+} // namespace

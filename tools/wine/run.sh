@@ -1,0 +1,74 @@
+#!/usr/bin/env bash
+# run.sh PROGRAM.exe [ARGUMENT...]: runs one Windows program under Wine, in a prefix and on a screen of its own, pinned
+# to one processor, and ends everything it started. The exit code is the program's own, taken from its closing mark
+# "[finished N]": the code that Wine hands on is not safe after a crash.
+#
+#   TAVKIT_RUN_SECONDS   time limit (600)
+#   TAVKIT_RUN_CPU       processor to pin to (any free one)
+#   TAVKIT_RUN_MARK      0: the program prints no closing mark; trust Wine's exit code
+set -uo pipefail
+source "$(dirname "${BASH_SOURCE[0]}")/env.sh"
+
+program="$1"
+shift
+"$TAVKIT_ROOT/tools/wine/prefix.sh" || exit 1
+mkdir -p "$TAVKIT_WINE_DIR/runs"
+run="$(mktemp -d "$TAVKIT_WINE_DIR/runs/XXXXXX")"
+SCREEN_PID=""
+PROGRAM_PID=""
+
+# shellcheck disable=SC2317 # reached through the trap
+finish() {
+    [ -n "$PROGRAM_PID" ] && kill "$PROGRAM_PID" 2>/dev/null
+    WINEPREFIX="$run/prefix" wineserver -k >/dev/null 2>&1
+    [ -n "$SCREEN_PID" ] && kill "$SCREEN_PID" 2>/dev/null
+    rm -rf "$run"
+}
+trap finish EXIT
+trap 'exit 130' INT TERM HUP
+
+# One processor for the program, its Wine server and its X server: everything that talks to the window server is two
+# to six times slower, and uneven, when they are spread out. The first free slot is taken.
+cpu="${TAVKIT_RUN_CPU:-}"
+if [ -z "$cpu" ]; then
+    for ((n = 0; n < $(nproc); n++)); do
+        exec {slot}>"$TAVKIT_WINE_DIR/cpu$n.lock"
+        if flock -n "$slot"; then
+            cpu=$n
+            break
+        fi
+        exec {slot}>&-
+    done
+fi
+[ -n "$cpu" ] && taskset -p -c "$cpu" $$ >/dev/null 2>&1
+
+cp -al "$TAVKIT_GOLDEN" "$run/prefix"
+cp --remove-destination "$TAVKIT_GOLDEN"/*.reg "$run/prefix/"
+export WINEPREFIX="$run/prefix"
+start_screen || exit 1
+wineserver -p >/dev/null 2>&1 </dev/null
+
+export TAVKIT_SAMPLES TAVKIT_OUT
+TAVKIT_SAMPLES="$(win_path "$TAVKIT_ROOT/samples")"
+TAVKIT_OUT="$(win_path "${TAVKIT_OUT_DIR:-$TAVKIT_ROOT/out}")"
+mkdir -p "${TAVKIT_OUT_DIR:-$TAVKIT_ROOT/out}"
+
+# Output goes to a file, never into a pipe: Wine's services inherit a pipe and keep its reader waiting for ever. The
+# program runs in the background, so that an interrupt is taken at once.
+: >"$run/output"
+timeout -k 10 "${TAVKIT_RUN_SECONDS:-600}" /usr/lib/wine/wine64 "$program" "$@" >"$run/output" 2>&1 </dev/null &
+PROGRAM_PID=$!
+tail -n +1 -f --pid="$PROGRAM_PID" -s 0.1 "$run/output" &
+SHOW_PID=$!
+wait "$PROGRAM_PID"
+code=$?
+wait "$SHOW_PID"
+if [ "${TAVKIT_RUN_MARK:-1}" = 0 ]; then
+    exit $code
+fi
+mark="$(tr -d '\r' <"$run/output" | sed -n 's/^\[finished \([0-9]*\)\]$/\1/p' | tail -n 1)"
+if [ -z "$mark" ]; then
+    echo "The program did not reach its end (Wine's exit code: $code)."
+    exit 1
+fi
+exit "$mark"

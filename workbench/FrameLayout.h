@@ -1,0 +1,36 @@
+// FrameLayout.h - where the parts of the main window lie before it grows
+#pragma once
+
+#include "tavkit/frame/WinTypes.h"
+
+namespace workbench
+{
+/// Base units of a font, by which layouts stay in proportion to its text: a quarter of its average character's width
+/// and an eighth of its height are one dialog unit.
+struct DialogUnits
+{
+    int charWidth = 0;  ///< pixels
+    int charHeight = 0; ///< pixels
+
+    /// Horizontal dialog units in pixels, rounded.
+    [[nodiscard]] int X(int units) const noexcept;
+    /// Vertical dialog units in pixels, rounded.
+    [[nodiscard]] int Y(int units) const noexcept;
+};
+
+/// The parts of the main window, in pixels of its client area.
+struct FrameLayout
+{
+    SIZE client{}; ///< above the status bar
+    RECT listLabel{};
+    RECT list{};
+    RECT view{};
+    RECT pixelLabel{};
+    RECT pixelSize{};
+    RECT pixelUnit{};
+};
+
+/// The main window as it was designed, which is also the smallest in which all parts are of use: the list at the left,
+/// the view beside it, the field for the pixel's size under the view. Larger windows are laid out from here.
+[[nodiscard]] FrameLayout DesignFrame(const DialogUnits& units) noexcept;
+} // namespace workbench

@@ -1,0 +1,21 @@
+// PictureNames.h - which file names are pictures, and in which order they stand in a list
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench
+{
+/// True for a name with the extension of a kind of picture that the workbench reads; upper and lower case are the same.
+[[nodiscard]] bool IsPictureName(std::string_view name);
+
+/// Sorts names without regard to the case of ASCII letters; names that differ in nothing else keep a fixed order.
+void SortNames(std::vector<std::string>& names);
+
+/// The index of a name without regard to the case of ASCII letters; -1 when it isn't there.
+[[nodiscard]] int IndexOfName(const std::vector<std::string>& names, std::string_view name);
+
+/// Pairs of description and pattern for the system's open dialog, each text closed by a NUL, and one more at the end.
+[[nodiscard]] std::string PictureFilter();
+} // namespace workbench

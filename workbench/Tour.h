@@ -1,0 +1,91 @@
+// Tour.h - drives the workbench through all its states by real input, and takes their pictures
+#pragma once
+
+#include "workbench/TourPage.h"
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace workbench
+{
+// Classes of the system's windows.
+inline constexpr char kMenuClass[] = "#32768";
+inline constexpr char kDialogClass[] = "#32770";
+
+/// The tour. A thread of its own moves the mouse and presses keys, so that menus and dialogs, which run loops of the
+/// system, are driven like everything else. Each state is checked before its picture is taken; at the end the page is
+/// written and the main window closed.
+class Tour
+{
+public:
+    /// Starts at once.
+    /// @param frame   the main window, shown
+    /// @param folder  where pictures and page go; made if it isn't there
+    Tour(HWND frame, std::string folder);
+    ~Tour();
+    Tour(const Tour&) = delete;
+    Tour& operator=(const Tour&) = delete;
+
+    /// Waits for the end. Call it when the main window is gone.
+    /// @return true when every state was as expected and every file was written.
+    [[nodiscard]] bool Wait();
+
+private:
+    void Run();
+    void VisitStart();
+    void VisitPictures();
+    void VisitSizes();
+    void VisitPixelSize();
+    void VisitMenus();
+    void VisitSettings();
+    void VisitDelete();
+    void VisitAbout();
+    void VisitDetails();
+    void VisitBadFiles();
+    void Leave();
+    void WritePage();
+
+    /// Notes and prints a failure unless `ok`. @param what  the expectation, as a sentence
+    bool Check(bool ok, const std::string& what);
+    /// Waits until the condition holds; a failure when it doesn't in time.
+    bool Await(const std::function<bool()>& condition, const std::string& what);
+    /// Takes a picture of the windows when their painting has come to rest.
+    void Picture(const std::string& name, const std::string& caption);
+    /// Drags with the left button from one point to another, in steps as a hand does.
+    void Drag(POINT from, POINT to);
+    /// Drags the lower right corner until the window has that size, or the smallest above it.
+    void DragCorner(HWND window, SIZE size);
+    /// Waits until a dialog is in front; null when it doesn't come in time.
+    HWND AwaitDialog(const char* title);
+    /// Waits until no window of the program has the input of a menu or drag any more.
+    bool AwaitIdle();
+    [[nodiscard]] bool IsIdle() const;
+
+    /// Sends a message to the program's thread without waiting for ever.
+    static LRESULT Ask(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+    [[nodiscard]] HWND Part(int id) const;
+    [[nodiscard]] std::string TextOf(HWND window) const;
+    [[nodiscard]] std::string ViewText() const;
+    [[nodiscard]] std::string StatusText(int part) const;
+    [[nodiscard]] int ListCount() const;
+    [[nodiscard]] std::string ListText(int index) const;
+    [[nodiscard]] HWND Focus() const;
+    /// A visible top-level window of the program, by class and, unless null, title; null when there is none.
+    [[nodiscard]] HWND Popup(const char* className, const char* title) const;
+    /// The picture area, its border left out.
+    [[nodiscard]] RECT ViewRect() const;
+    [[nodiscard]] RECT FrameRect() const;
+    [[nodiscard]] static RECT PlaceOf(HWND window);
+
+    HWND m_frame;
+    DWORD m_uiThread;
+    std::string m_folder;
+    std::vector<TourStop> m_stops;
+    std::vector<std::string> m_failures;
+    std::thread m_thread;
+};
+} // namespace workbench

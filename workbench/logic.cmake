@@ -1,0 +1,8 @@
+# Sources of the workbench that know no window and no platform; the native tests build them too.
+set(WORKBENCH_LOGIC_SOURCES
+    FrameLayout.cpp
+    Options.cpp
+    PictureNames.cpp
+    ScaleBar.cpp
+    TourPage.cpp)
+list(TRANSFORM WORKBENCH_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/workbench/")
