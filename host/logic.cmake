@@ -8,6 +8,7 @@ set(HOST_LOGIC_SOURCES
     DFile.cpp
     DFileFrmt.cpp
     DHstg.cpp
+    IAttrData.cpp
     PathText.cpp
     XMLNode.cpp
     raster/BlockDecoder.cpp

@@ -232,7 +232,7 @@ std::uint64_t MostPerByte(TiffCompression compression) noexcept
     }
 }
 
-std::unique_ptr<BlockDecoder> MakeDecoder(TiffCompression compression, ByteSource& source, std::uint64_t offset,
+std::unique_ptr<BlockDecoder> MakeDecoder(TiffCompression compression, host::ByteSource& source, std::uint64_t offset,
                                           std::uint64_t count)
 {
     const ByteReader input(source, offset, count);

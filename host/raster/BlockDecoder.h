@@ -4,7 +4,7 @@
 #include <array>
 #include <memory>
 
-#include "host/raster/ByteSource.h"
+#include "host/ByteSource.h"
 #include "host/raster/TiffDirectory.h"
 
 namespace raster
@@ -15,7 +15,7 @@ class ByteReader
 {
 public:
     /// @param source  borrowed; lives longer than this object.
-    ByteReader(ByteSource& source, std::uint64_t offset, std::uint64_t count) noexcept
+    ByteReader(host::ByteSource& source, std::uint64_t offset, std::uint64_t count) noexcept
         : m_source(source), m_offset(offset), m_left(count)
     {
     }
@@ -55,7 +55,7 @@ private:
 
     static constexpr std::size_t kBuffer = 16384;
 
-    ByteSource& m_source; // not owned
+    host::ByteSource& m_source; // not owned
     std::uint64_t m_offset;
     std::uint64_t m_left;
     std::size_t m_at = 0;
@@ -83,7 +83,7 @@ public:
 /// Begins to unpack a block.
 /// @param source  borrowed; lives longer than the decoder.
 /// @return null for an unknown scheme and for blocks that are stored as they are.
-[[nodiscard]] std::unique_ptr<BlockDecoder> MakeDecoder(TiffCompression compression, ByteSource& source,
+[[nodiscard]] std::unique_ptr<BlockDecoder> MakeDecoder(TiffCompression compression, host::ByteSource& source,
                                                         std::uint64_t offset, std::uint64_t count);
 
 } // namespace raster

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "host/raster/FileSource.h"
+#include "host/FileSource.h"
 #include "host/raster/PictureFile.h"
 #include "host/raster/TiffPicture.h"
 #include "host/raster/WicPicture.h"
@@ -58,7 +58,7 @@ struct OpenPicture
         cause = "The name of the picture is empty or its options are not understood.";
         return nullptr;
     }
-    auto source = FileSource::Open(parts->path);
+    auto source = host::FileSource::Open(parts->path);
     if (!source)
     {
         cause = "The file is missing or can't be read.";

@@ -28,7 +28,7 @@ constexpr std::uint64_t kBitsOfByte = 8;
 class Header
 {
 public:
-    explicit Header(ByteSource& source) : m_source(source)
+    explicit Header(host::ByteSource& source) : m_source(source)
     {
         m_count = static_cast<std::size_t>(std::min<std::uint64_t>(source.Size(), m_bytes.size()));
         m_isRead = source.Read(0, std::span(m_bytes).first(m_count));
@@ -63,10 +63,10 @@ public:
         return number;
     }
 
-    [[nodiscard]] ByteSource& Source() const noexcept { return m_source; }
+    [[nodiscard]] host::ByteSource& Source() const noexcept { return m_source; }
 
 private:
-    ByteSource& m_source; // not owned
+    host::ByteSource& m_source; // not owned
     std::array<std::byte, 64> m_bytes{};
     std::size_t m_count = 0;
     bool m_isRead = false;
@@ -146,7 +146,7 @@ private:
 }
 
 /// Walks the segments up to the one that tells the picture's size.
-[[nodiscard]] bool IsPlausibleJpeg(ByteSource& source)
+[[nodiscard]] bool IsPlausibleJpeg(host::ByteSource& source)
 {
     constexpr std::uint32_t kMark = 0xFF;
     constexpr std::uint32_t kFirstFrame = 0xC0;
@@ -232,7 +232,7 @@ std::optional<PictureName> ParsePictureName(std::string_view text)
     return name;
 }
 
-std::optional<PictureFormat> RecognisePicture(ByteSource& source)
+std::optional<PictureFormat> RecognisePicture(host::ByteSource& source)
 {
     using namespace std::string_view_literals;
     const Header header(source);

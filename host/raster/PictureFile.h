@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/raster/ByteSource.h"
+#include "host/ByteSource.h"
 
 namespace raster
 {
@@ -42,7 +42,7 @@ enum class PictureFormat
 /// picture would take.
 /// @return nothing if the file is of another kind, is cut off within its header, or claims a picture that a file of its
 ///         size can't hold: nobody shall make room for it.
-[[nodiscard]] std::optional<PictureFormat> RecognisePicture(ByteSource& source);
+[[nodiscard]] std::optional<PictureFormat> RecognisePicture(host::ByteSource& source);
 
 /// True if blocks of a compressed TIFF page can be as large as claimed, given the bytes that stand for them.
 [[nodiscard]] bool IsPlausibleBlock(std::uint64_t decodedBytes, std::uint64_t storedBytes) noexcept;

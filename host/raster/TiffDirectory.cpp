@@ -106,7 +106,7 @@ struct TiffDirectory::Tags
     [[nodiscard]] const std::optional<Entry>& operator[](Tag tag) const noexcept { return entries[IndexOf(tag)]; }
 };
 
-TiffDirectory::TiffDirectory(ByteSource& source) noexcept : m_source(source)
+TiffDirectory::TiffDirectory(host::ByteSource& source) noexcept : m_source(source)
 {
     std::array<std::byte, kClassicHeader> header{};
     if (!source.Read(0, header))

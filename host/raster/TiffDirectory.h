@@ -4,7 +4,7 @@
 #include <optional>
 #include <vector>
 
-#include "host/raster/ByteSource.h"
+#include "host/ByteSource.h"
 
 namespace raster
 {
@@ -72,7 +72,7 @@ class TiffDirectory
 {
 public:
     /// @param source  borrowed; lives longer than this object.
-    explicit TiffDirectory(ByteSource& source) noexcept;
+    explicit TiffDirectory(host::ByteSource& source) noexcept;
 
     /// @return true if the bytes begin like a TIFF file.
     [[nodiscard]] bool IsTiff() const noexcept { return m_kind != Kind::None; }
@@ -115,7 +115,7 @@ private:
     [[nodiscard]] bool ReadSamples(const Tags& tags, TiffPage& page) const;
     [[nodiscard]] bool ReadBlocks(const Tags& tags, TiffPage& page) const;
 
-    ByteSource& m_source; // not owned
+    host::ByteSource& m_source; // not owned
     Kind m_kind = Kind::None;
     bool m_bigEndian = false;
 };

@@ -84,7 +84,7 @@ bool TiffPicture::Reads(const TiffPage& page) noexcept
            static_cast<std::uint64_t>(page.blockWidth) * page.samples <= kMostRowBytes / sizeof(std::uint32_t);
 }
 
-TiffPicture::TiffPicture(std::unique_ptr<ByteSource> source, TiffPage page, bool bigEndian)
+TiffPicture::TiffPicture(std::unique_ptr<host::ByteSource> source, TiffPage page, bool bigEndian)
     : m_source(std::move(source)), m_page(std::move(page))
 {
     constexpr std::uint32_t kBitsOfByte = 8;
@@ -106,7 +106,7 @@ TiffPicture::TiffPicture(std::unique_ptr<ByteSource> source, TiffPage page, bool
     m_info.blockRows = static_cast<int>(std::min(m_page.blockHeight, m_page.height));
 }
 
-std::unique_ptr<TiffPicture> TiffPicture::Open(std::unique_ptr<ByteSource> source, TiffPage page, bool bigEndian)
+std::unique_ptr<TiffPicture> TiffPicture::Open(std::unique_ptr<host::ByteSource> source, TiffPage page, bool bigEndian)
 {
     if (!Reads(page))
     {

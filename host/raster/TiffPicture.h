@@ -26,7 +26,7 @@ public:
     /// Opens a page for which Reads() is true.
     /// @return null if a block lies outside the file, in whole or in part, or the page claims more than a file of that
     ///         size can hold.
-    [[nodiscard]] static std::unique_ptr<TiffPicture> Open(std::unique_ptr<ByteSource> source, TiffPage page,
+    [[nodiscard]] static std::unique_ptr<TiffPicture> Open(std::unique_ptr<host::ByteSource> source, TiffPage page,
                                                            bool bigEndian);
 
     [[nodiscard]] const PictureInfo& Info() const noexcept override { return m_info; }
@@ -45,7 +45,7 @@ private:
         std::size_t rowBytes;
     };
 
-    TiffPicture(std::unique_ptr<ByteSource> source, TiffPage page, bool bigEndian);
+    TiffPicture(std::unique_ptr<host::ByteSource> source, TiffPage page, bool bigEndian);
 
     [[nodiscard]] bool IsWithinFile() const noexcept;
     [[nodiscard]] std::uint64_t RowBytes() const noexcept;
@@ -55,7 +55,7 @@ private:
     [[nodiscard]] bool UnpackRow(std::size_t block, std::uint32_t rowInBlock);
     void UndoPredictor();
 
-    std::unique_ptr<ByteSource> m_source;
+    std::unique_ptr<host::ByteSource> m_source;
     TiffPage m_page;
     PixelLayout m_layout;
     PictureInfo m_info;

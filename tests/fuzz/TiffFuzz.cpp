@@ -14,7 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     constexpr int kWidth = 24;
     constexpr int kHeight = 20;
     const auto bytes = std::as_bytes(std::span(data, size));
-    SpanSource tags(bytes);
+    host::SpanSource tags(bytes);
     const TiffDirectory directory(tags);
     const unsigned count = directory.CountPages();
     for (unsigned n = 0; n < kPages; ++n)
@@ -29,7 +29,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
             continue;
         }
         const auto picture =
-            TiffPicture::Open(std::make_unique<SpanSource>(bytes), std::move(*page), directory.IsBigEndian());
+            TiffPicture::Open(std::make_unique<host::SpanSource>(bytes), std::move(*page), directory.IsBigEndian());
         if (!picture)
         {
             continue;

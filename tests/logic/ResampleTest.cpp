@@ -173,7 +173,7 @@ TEST(PictureFiles, ClaimsThatTheFileCantHoldAreRefused)
     using namespace std::string_literals;
     const auto recognise = [](std::string bytes, std::size_t size) {
         bytes.resize(size);
-        SpanSource source(std::as_bytes(std::span(bytes)));
+        host::SpanSource source(std::as_bytes(std::span(bytes)));
         return RecognisePicture(source);
     };
     const auto png = "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\x40\0\0\0\x40\0\x08\0\0\0\0"s; // 2^28 bytes

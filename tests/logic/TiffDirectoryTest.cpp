@@ -13,12 +13,12 @@ using support::TiffKind;
 using support::TiffPageSpec;
 using support::TiffWriter;
 
-SpanSource SourceOf(const std::string& bytes) { return SpanSource(std::as_bytes(std::span(bytes))); }
+host::SpanSource SourceOf(const std::string& bytes) { return host::SpanSource(std::as_bytes(std::span(bytes))); }
 
 TEST(TiffDirectory, TellsATiffFileByItsFirstBytes)
 {
     const auto isTiff = [](std::string bytes) {
-        SpanSource source = SourceOf(bytes);
+        host::SpanSource source = SourceOf(bytes);
         return TiffDirectory(source).IsTiff();
     };
     EXPECT_TRUE(isTiff({'I', 'I', 42, 0, 8, 0, 0, 0}));
@@ -46,7 +46,7 @@ TEST(TiffDirectory, TellsWhatAPageHoldsInEveryForm)
             spec.kind = TiffKind::Signed;
             spec.rowsPerStrip = 30;
             const std::string bytes = OnePage(spec, TiffForm{bigEndian, large}).Bytes();
-            SpanSource source = SourceOf(bytes);
+            host::SpanSource source = SourceOf(bytes);
             const TiffDirectory directory(source);
             const auto page = directory.ReadPage(0);
             ASSERT_TRUE(page);
@@ -74,7 +74,7 @@ TEST(TiffDirectory, CountsThePagesOfAChain)
     {
         writer.AddPage({});
     }
-    SpanSource source = SourceOf(writer.Bytes());
+    host::SpanSource source = SourceOf(writer.Bytes());
     EXPECT_EQ(TiffDirectory(source).CountPages(), 5U);
 }
 
@@ -85,7 +85,7 @@ TEST(TiffDirectory, AChainThatClosesToARingEndsAfterOneTurn)
     std::string bytes = writer.Bytes();
     // The last word is the place of the next page; the place of the first one stands in the header.
     bytes.replace(bytes.size() - 4, 4, bytes.substr(4, 4));
-    SpanSource source = SourceOf(bytes);
+    host::SpanSource source = SourceOf(bytes);
     const TiffDirectory directory(source);
     EXPECT_EQ(directory.CountPages(), 1U);
     EXPECT_TRUE(directory.ReadPage(0));
@@ -108,14 +108,14 @@ TEST(TiffDirectory, AListLongerThanTheFileIsRefusedBeforeRoomIsMadeForIt)
     bytes.replace(bytes.find(height) + 8, 4, "\xFF\xFF\xFF\x7F");         // two thousand million rows ...
     bytes.replace(bytes.find(rows) + 8, 4, std::string("\x01\0\0\0", 4)); // ... each a strip
     bytes.replace(bytes.find(offsets) + 4, 4, "\xFF\xFF\xFF\x7F");
-    SpanSource source = SourceOf(bytes);
+    host::SpanSource source = SourceOf(bytes);
     EXPECT_FALSE(TiffDirectory(source).ReadPage(0));
 }
 
 TEST(TiffDirectory, AFileWithoutPagesHasNone)
 {
     const std::string bytes = TiffWriter().Bytes();
-    SpanSource source = SourceOf(bytes);
+    host::SpanSource source = SourceOf(bytes);
     EXPECT_EQ(TiffDirectory(source).CountPages(), 0U);
     EXPECT_FALSE(TiffDirectory(source).ReadPage(0));
 }

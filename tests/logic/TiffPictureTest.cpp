@@ -22,7 +22,7 @@ using testing::ElementsAre;
 using testing::ElementsAreArray;
 
 /// A file in memory that lives as long as the picture.
-class TextSource final : public ByteSource
+class TextSource final : public host::ByteSource
 {
 public:
     explicit TextSource(std::string text) : m_text(std::move(text)) {}

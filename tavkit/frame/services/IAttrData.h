@@ -28,8 +28,8 @@ public:
     virtual bool ReadRow(int row, int nReserved) = 0;
     /// Name of a column.
     virtual char const* GetColName(int col, int nReserved) = 0;
-    /// Type of a column.
-    virtual ADIColType GetColType(int col, int nReserved) = 0;
+    /// Type of a column; the default is adiNone, which reads as text.
+    virtual ADIColType GetColType(int col, int nReserved);
     /// Text of a cell of the row moved to last.
     virtual char const* GetCellText(int row, int col, int nReserved) = 0;
 

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-namespace raster
+namespace host
 {
 
 /// Bytes that can be read at any place, in any order.
@@ -52,4 +52,4 @@ private:
     std::span<const std::byte> m_bytes;
 };
 
-} // namespace raster
+} // namespace host

@@ -1,19 +1,17 @@
-#include "host/raster/FileSource.h"
+#include "host/FileSource.h"
 
-namespace raster
+namespace host
 {
 
 std::unique_ptr<FileSource> FileSource::Open(const std::string& path)
 {
-    const HANDLE opened = ::CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                                        OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (opened == INVALID_HANDLE_VALUE)
+    FileHandle file = OpenForReading(path.c_str());
+    if (!file.IsValid())
     {
         return nullptr;
     }
-    FileHandle file(opened);
     LARGE_INTEGER size;
-    if (::GetFileType(opened) != FILE_TYPE_DISK || !::GetFileSizeEx(opened, &size))
+    if (::GetFileType(file.Get()) != FILE_TYPE_DISK || !::GetFileSizeEx(file.Get(), &size))
     {
         return nullptr;
     }
@@ -30,14 +28,14 @@ bool FileSource::Read(std::uint64_t offset, std::span<std::byte> into) noexcept
     // Not with the place in an OVERLAPPED: that makes a small reading cost ten times as much where files are emulated.
     LARGE_INTEGER place;
     place.QuadPart = static_cast<LONGLONG>(offset);
-    if (!::SetFilePointerEx(m_file.get(), place, nullptr, FILE_BEGIN))
+    if (!::SetFilePointerEx(m_file.Get(), place, nullptr, FILE_BEGIN))
     {
         return false;
     }
     while (!into.empty())
     {
         DWORD count = 0;
-        if (!::ReadFile(m_file.get(), into.data(), static_cast<DWORD>(std::min(into.size(), kMostAtOnce)), &count,
+        if (!::ReadFile(m_file.Get(), into.data(), static_cast<DWORD>(std::min(into.size(), kMostAtOnce)), &count,
                         nullptr) ||
             count == 0)
         {
@@ -48,4 +46,4 @@ bool FileSource::Read(std::uint64_t offset, std::span<std::byte> into) noexcept
     return true;
 }
 
-} // namespace raster
+} // namespace host

@@ -4,11 +4,10 @@
 #include <memory>
 #include <string>
 
-#include <windows.h>
+#include "host/ByteSource.h"
+#include "host/FileBytes.h"
 
-#include "host/raster/ByteSource.h"
-
-namespace raster
+namespace host
 {
 
 /// A file that is open for reading; others may read and write it meanwhile.
@@ -23,17 +22,10 @@ public:
     [[nodiscard]] bool Read(std::uint64_t offset, std::span<std::byte> into) noexcept override;
 
 private:
-    struct CloseHandleOf
-    {
-        using pointer = HANDLE;
-        void operator()(HANDLE file) const noexcept { ::CloseHandle(file); }
-    };
-    using FileHandle = std::unique_ptr<HANDLE, CloseHandleOf>;
-
     FileSource(FileHandle file, std::uint64_t size) noexcept : m_file(std::move(file)), m_size(size) {}
 
     FileHandle m_file;
     std::uint64_t m_size;
 };
 
-} // namespace raster
+} // namespace host
