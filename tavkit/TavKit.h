@@ -40,4 +40,5 @@
 #include "tavkit/layout/DynamicDialog.h"
 #include "tavkit/layout/DynamicWndEx.h"
 #include "tavkit/layout/SizeIconCtrl.h"
+#include "tavkit/lists/ListCtrlEx.h"
 #include "tavkit/widgets/HyperLink.h"

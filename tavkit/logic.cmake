@@ -5,5 +5,7 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/MsgBoxLayout.cpp
     drawing/NearestScale.cpp
     drawing/TextBlockMarks.cpp
-    layout/WindowRecord.cpp)
+    layout/WindowRecord.cpp
+    lists/ColumnWidths.cpp
+    lists/RowText.cpp)
 list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")
