@@ -32,6 +32,7 @@
 #include "tavkit/drawing/DlgMsgDetails.h"
 #include "tavkit/drawing/DrawImg.h"
 #include "tavkit/drawing/RoundRectGradient.h"
+#include "tavkit/drawing/TavImageList.h"
 #include "tavkit/drawing/TextBlock.h"
 #include "tavkit/drawing/XMessageBox.h"
 #include "tavkit/frame/FloatEdit.h"
