@@ -41,5 +41,7 @@
 #include "tavkit/layout/DynamicDialog.h"
 #include "tavkit/layout/DynamicWndEx.h"
 #include "tavkit/layout/SizeIconCtrl.h"
+#include "tavkit/lists/EditCell.h"
 #include "tavkit/lists/ListCtrlEx.h"
+#include "tavkit/lists/ListCtrlFlex.h"
 #include "tavkit/widgets/HyperLink.h"

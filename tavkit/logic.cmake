@@ -7,5 +7,6 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/TextBlockMarks.cpp
     layout/WindowRecord.cpp
     lists/ColumnWidths.cpp
-    lists/RowText.cpp)
+    lists/RowText.cpp
+    lists/ScanDouble.cpp)
 list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")
