@@ -17,5 +17,14 @@ set(HOST_LOGIC_SOURCES
     raster/PixelLayout.cpp
     raster/Resample.cpp
     raster/TiffDirectory.cpp
-    raster/TiffPicture.cpp)
+    raster/TiffPicture.cpp
+    tables/ByteWindow.cpp
+    tables/CellScanner.cpp
+    tables/ColumnTypeGuess.cpp
+    tables/DbaseTable.cpp
+    tables/DelimitedTable.cpp
+    tables/ForwardTable.cpp
+    tables/TableFormat.cpp
+    tables/TextStart.cpp
+    tables/TransposedTable.cpp)
 list(TRANSFORM HOST_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/host/")

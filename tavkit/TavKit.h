@@ -21,6 +21,7 @@
 #include "tavkit/frame/services/DString.h"
 #include "tavkit/frame/services/DVector.h"
 #include "tavkit/frame/services/IAttrData.h"
+#include "tavkit/frame/services/OpenAttrData.h"
 #include "tavkit/frame/services/RDIDriver.h"
 #include "tavkit/frame/services/RDIDriverMngr.h"
 #include "tavkit/frame/services/Report.h"

@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 
 #include "host/raster/TiffPicture.h"
+#include "tests/support/TextSource.h"
 #include "tests/support/TiffWriter.h"
 
 namespace
@@ -13,6 +14,7 @@ namespace
 
 using namespace raster;
 using support::OnePage;
+using support::TextSource;
 using support::TiffForm;
 using support::TiffKind;
 using support::TiffPacking;
@@ -20,28 +22,6 @@ using support::TiffPageSpec;
 using support::TiffWriter;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
-
-/// A file in memory that lives as long as the picture.
-class TextSource final : public host::ByteSource
-{
-public:
-    explicit TextSource(std::string text) : m_text(std::move(text)) {}
-    std::uint64_t Size() const noexcept override { return m_text.size(); }
-    bool Read(std::uint64_t offset, std::span<std::byte> into) noexcept override
-    {
-        if (!Holds(offset, into.size()))
-        {
-            return false;
-        }
-        m_text.copy(reinterpret_cast<char*>(into.data()), into.size(), static_cast<std::size_t>(offset));
-        m_bytesRead += into.size();
-        return true;
-    }
-    std::uint64_t m_bytesRead = 0;
-
-private:
-    std::string m_text;
-};
 
 std::unique_ptr<TiffPicture> OpenPicture(const std::string& bytes, unsigned page = 0, TextSource** source = nullptr)
 {
