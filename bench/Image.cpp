@@ -1,6 +1,7 @@
 // Image.cpp - [image] a picture shown small against the platform's own scaled read of the same file; time and memory
 #include "bench/Bench.h"
 #include "bench/Surface.h"
+#include "bench/TemporaryFile.h"
 #include "tavkit/drawing/ContrastStretch.h"
 #include "tavkit/drawing/DrawImg.h"
 #include "tests/support/TiffWriter.h"
@@ -70,30 +71,14 @@ support::TiffPageSpec HugeTiled()
     return page;
 }
 
-/// A file that is deleted at the end of the block.
-class TemporaryFile
+/// A picture on disk.
+class PictureFile : public TemporaryFile
 {
 public:
-    TemporaryFile()
+    explicit PictureFile(const support::TiffPageSpec& page)
     {
-        char folder[MAX_PATH];
-        char name[MAX_PATH];
-        Require(::GetTempPathA(MAX_PATH, folder) != 0 && ::GetTempFileNameA(folder, "tav", 0, name) != 0,
-                "there is no folder for temporary files");
-        m_path = name;
+        Require(support::OnePage(page).Save(Path()), "the picture can't be written");
     }
-    explicit TemporaryFile(const support::TiffPageSpec& page) : TemporaryFile()
-    {
-        Require(support::OnePage(page).Save(m_path), "the picture can't be written");
-    }
-    ~TemporaryFile() { ::DeleteFileA(m_path.c_str()); }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    [[nodiscard]] const std::string& Path() const noexcept { return m_path; }
-
-private:
-    std::string m_path;
 };
 
 struct ReleaseIt
@@ -206,7 +191,7 @@ void RequireRead(std::span<const BYTE> read, const support::TiffPageSpec& page)
 
 Row MeasureTime(const char* name, const support::TiffPageSpec& page)
 {
-    const TemporaryFile file(page);
+    const PictureFile file(page);
     const ScaledReader reader;
     std::vector<BYTE> expected(kShownPixels);
     reader.Read(file.Path(), expected);
@@ -276,7 +261,7 @@ double PeakMegabytes(const char* side, const std::string& picture)
 
 Row MeasurePeak(const char* name, const support::TiffPageSpec& page)
 {
-    const TemporaryFile file(page);
+    const PictureFile file(page);
     return {name, static_cast<long long>(page.width) * page.height, PeakMegabytes(kOursSide, file.Path()),
             PeakMegabytes(kReferenceSide, file.Path()), std::nullopt};
 }
