@@ -6,7 +6,10 @@
 #include "host/FileBytes.h"
 #include "tavkit/frame/services/DFile.h"
 
-bool DFile::Exist() const { return ::GetFileAttributesA(host::PhysicalPath(*this).c_str()) != INVALID_FILE_ATTRIBUTES; }
+bool DFile::Exist() const
+{
+    return ::GetFileAttributesW(host::WidePath(host::PhysicalPath(*this)).c_str()) != INVALID_FILE_ATTRIBUTES;
+}
 
 bool DFile::CanRead() const
 {

@@ -5,6 +5,8 @@
 #include <atomic>
 #include <new>
 
+#include "host/PathText.h"
+
 namespace host
 {
 namespace
@@ -59,10 +61,29 @@ std::string PhysicalPath(DFile const& file)
     return std::string(file.GetPhysFilePath().c_str()) + file.GetPhysFileName().c_str();
 }
 
+std::wstring Widen(std::string_view text)
+{
+    const int length = static_cast<int>(text.size());
+    std::wstring wide(text.size(), L'\0'); // no character of a code page takes more units than it has bytes
+    const int units = ::MultiByteToWideChar(CP_ACP, 0, text.data(), length, wide.data(), length);
+    wide.resize(static_cast<std::size_t>(std::max(0, units)));
+    return wide;
+}
+
+std::wstring WidePath(std::string_view path) { return Widen(PathForSystem(path)); }
+
 FileHandle OpenForReading(char const* path) noexcept
 {
-    return FileHandle(::CreateFileA(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                                    OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    try
+    {
+        return FileHandle(::CreateFileW(WidePath(path).c_str(), GENERIC_READ,
+                                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr));
+    }
+    catch (std::bad_alloc const&)
+    {
+        return FileHandle();
+    }
 }
 
 std::optional<std::string> ReadWholeFile(DFile const& file, std::size_t limit)

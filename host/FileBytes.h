@@ -32,6 +32,13 @@ private:
 /// The path of a file without its options.
 [[nodiscard]] std::string PhysicalPath(DFile const& file);
 
+/// Text of the ANSI code page as wide characters.
+[[nodiscard]] TAVHOST_API std::wstring Widen(std::string_view text);
+
+/// The form of a path that the system's wide functions take: only theirs can be of any length.
+/// @param path  without options, in the ANSI code page
+[[nodiscard]] TAVHOST_API std::wstring WidePath(std::string_view path);
+
 /// Opens a file that others may read and write meanwhile; not valid on failure, and for a folder.
 [[nodiscard]] TAVHOST_API FileHandle OpenForReading(char const* path) noexcept;
 

@@ -18,6 +18,9 @@ set(HOST_LOGIC_SOURCES
     raster/Resample.cpp
     raster/TiffDirectory.cpp
     raster/TiffPicture.cpp
+    repository/NodeNames.cpp
+    repository/RepositoryDrvr.cpp
+    repository/TiffRepository.cpp
     tables/ByteWindow.cpp
     tables/CellScanner.cpp
     tables/ColumnTypeGuess.cpp

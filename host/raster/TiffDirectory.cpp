@@ -183,11 +183,11 @@ std::optional<std::uint64_t> TiffDirectory::FindPage(unsigned page) const
     return std::nullopt;
 }
 
-unsigned TiffDirectory::CountPages() const
+unsigned TiffDirectory::CountPages(unsigned most) const
 {
     std::unordered_set<std::uint64_t> seen;
     auto directory = FirstPage();
-    while (directory && *directory != 0 && Number(*directory, m_kind == Kind::Large ? 8 : 2) &&
+    while (seen.size() < most && directory && *directory != 0 && Number(*directory, m_kind == Kind::Large ? 8 : 2) &&
            seen.insert(*directory).second)
     {
         directory = PageAfter(*directory);

@@ -1,6 +1,7 @@
 // TiffDirectory.h - the tags of a TIFF page: what the samples mean and where they lie
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <vector>
 
@@ -86,8 +87,9 @@ public:
     [[nodiscard]] std::optional<TiffPage> ReadPage(unsigned page) const;
 
     /// Counts the pages along their chain.
+    /// @param most  where counting ends: a hostile file may hold as many pages as it has room for.
     /// @return number of pages that can be reached; a chain that closes to a ring is counted once around.
-    [[nodiscard]] unsigned CountPages() const;
+    [[nodiscard]] unsigned CountPages(unsigned most = std::numeric_limits<unsigned>::max()) const;
 
 private:
     enum class Kind

@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <limits>
 
+#include "host/FileBytes.h"
 #include "host/raster/TiffPicture.h"
 
 using Microsoft::WRL::ComPtr;
@@ -62,14 +63,6 @@ constexpr std::array kPlainFormats = {
     default:
         return GUID_ContainerFormatTiff;
     }
-}
-
-[[nodiscard]] std::wstring Widen(const std::string& text)
-{
-    const int count = ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), nullptr, 0);
-    std::wstring wide(static_cast<std::size_t>(count), L'\0');
-    ::MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()), wide.data(), count);
-    return wide;
 }
 
 /// True if no block of a packed page claims more than the bytes stored for it can say.
@@ -136,7 +129,7 @@ HRESULT WicPicture::OpenFrame(const std::string& path, PictureFormat format, uns
     }
     if (SUCCEEDED(result))
     {
-        result = stream->InitializeFromFilename(Widen(path).c_str(), GENERIC_READ);
+        result = stream->InitializeFromFilename(host::WidePath(path).c_str(), GENERIC_READ);
     }
     ComPtr<IWICBitmapDecoder> decoder;
     if (SUCCEEDED(result))
