@@ -5,12 +5,13 @@
 #include <array>
 #include <charconv>
 
+#include "host/tables/TableFormat.h"
+
 namespace repository
 {
 namespace
 {
 constexpr std::array<std::string_view, 7> kPictureExtensions{"tif", "tiff", "png", "jpg", "jpeg", "bmp", "gif"};
-constexpr std::array<std::string_view, 4> kTableExtensions{"csv", "tcsv", "txt", "dbf"};
 constexpr std::array<std::string_view, 1> kVectorExtensions{"shp"};
 
 constexpr std::string_view kPageOption = "page=";
@@ -37,7 +38,7 @@ unsigned int KindOfFile(std::string_view name) noexcept
     }
     const std::string_view extension = name.substr(dot + 1);
     return IsOneOf(kPictureExtensions, extension)  ? bdiRaster
-           : IsOneOf(kTableExtensions, extension)  ? bdiTable
+           : table::FormatOfExtension(extension)   ? bdiTable
            : IsOneOf(kVectorExtensions, extension) ? bdiVector
                                                    : 0u;
 }

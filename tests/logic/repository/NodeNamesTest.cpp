@@ -19,7 +19,7 @@ TEST(KindOfFile, GoesByTheExtensionInAnyCase)
     {
         EXPECT_EQ(KindOfFile(name), bdiRaster) << name;
     }
-    for (const char* name : {"a.csv", "a.TXT", "a.dbf", "a.tcsv", "a.tif.csv"})
+    for (const char* name : {"a.csv", "a.TXT", "a.dbf", "a.tcsv", "a.tsv", "a.tif.csv"})
     {
         EXPECT_EQ(KindOfFile(name), bdiTable) << name;
     }
