@@ -45,4 +45,5 @@
 #include "tavkit/lists/EditCell.h"
 #include "tavkit/lists/ListCtrlEx.h"
 #include "tavkit/lists/ListCtrlFlex.h"
+#include "tavkit/lists/TavListCtrl.h"
 #include "tavkit/widgets/HyperLink.h"
