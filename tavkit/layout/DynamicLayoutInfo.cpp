@@ -1,6 +1,7 @@
 #include "tavkit/layout/DynamicLayoutInfo.h"
 
 #include "tavkit/layout/DynamicWnd.h"
+#include "tavkit/layout/Placement.h"
 
 IMPLEMENT_DYNAMIC(cdxCDynamicLayoutInfo, CObject)
 
@@ -14,7 +15,7 @@ bool cdxCDynamicLayoutInfo::operator=(cdxCDynamicWnd* pWnd)
     }
     m_szCurrent = pWnd->GetCurrentClientSize();
     m_szInitial = pWnd->m_szInitial;
-    m_szDelta = m_szCurrent - m_szInitial;
+    m_szDelta = CSize(tavkit::GrowthOf(m_szCurrent, m_szInitial));
     m_nCtrlCnt = pWnd->GetCtrlCount();
     m_bUseScrollPos = pWnd->m_bUseScrollPos;
     if (m_bUseScrollPos)

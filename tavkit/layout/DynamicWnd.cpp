@@ -432,8 +432,14 @@ void cdxCDynamicWnd::Layout()
         while (NewPlace(child, *info, rect) && !moves.Move(child, rect))
         {
         }
-        // It may as well have destroyed the next one.
-        child = next == nullptr || ::IsWindow(next) ? next : ::GetWindow(child, GW_HWNDNEXT);
+        // It may as well have destroyed the next one, or both: then the walk begins again.
+        if (next != nullptr && !::IsWindow(next))
+        {
+            next = ::IsWindow(child) ? ::GetWindow(child, GW_HWNDNEXT)
+                   : IsWindow()      ? ::GetWindow(m_pWnd->m_hWnd, GW_CHILD)
+                                     : nullptr;
+        }
+        child = next;
     }
 }
 
@@ -508,15 +514,16 @@ void cdxCDynamicWnd::DoOnGetMinMaxInfo(MINMAXINFO* pMMI)
         return;
     }
     const CSize border = GetBorderSize();
-    pMMI->ptMinTrackSize.x = m_szMin.cx + border.cx;
-    pMMI->ptMinTrackSize.y = m_szMin.cy + border.cy;
+    const SIZE least = tavkit::WindowSizeOf(m_szMin, border);
+    const SIZE most = tavkit::WindowSizeOf(m_szMax, border);
+    pMMI->ptMinTrackSize = {least.cx, least.cy};
     if ((m_Freedom & FreedomX) == 0)
     {
         pMMI->ptMaxTrackSize.x = pMMI->ptMinTrackSize.x;
     }
     else if (m_szMax.cx > 0)
     {
-        pMMI->ptMaxTrackSize.x = m_szMax.cx + border.cx;
+        pMMI->ptMaxTrackSize.x = most.cx;
     }
     if ((m_Freedom & FreedomY) == 0)
     {
@@ -524,7 +531,7 @@ void cdxCDynamicWnd::DoOnGetMinMaxInfo(MINMAXINFO* pMMI)
     }
     else if (m_szMax.cy > 0)
     {
-        pMMI->ptMaxTrackSize.y = m_szMax.cy + border.cy;
+        pMMI->ptMaxTrackSize.y = most.cy;
     }
 }
 

@@ -53,6 +53,18 @@ constexpr void Park(LONG& first, LONG& second, std::int32_t minimum) noexcept
 
 } // namespace details
 
+/// What a window has grown by, pixels; less than 0 where it shrank.
+[[nodiscard]] constexpr SIZE GrowthOf(SIZE current, SIZE initial) noexcept
+{
+    return {details::Sub(current.cx, initial.cx), details::Sub(current.cy, initial.cy)};
+}
+
+/// Size of a whole window, pixels.
+[[nodiscard]] constexpr SIZE WindowSizeOf(SIZE client, SIZE border) noexcept
+{
+    return {details::Add(client.cx, border.cx), details::Add(client.cy, border.cy)};
+}
+
 /// Places one child.
 /// @param rect     the child's rectangle as it was registered, client coordinates
 /// @param percent  share of the window's growth that the left, top, right and bottom edges follow, 0 to 100

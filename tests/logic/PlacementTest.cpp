@@ -127,7 +127,30 @@ TEST(PlaceRect, WrapsLikeA32BitWordInsteadOfTrapping)
     EXPECT_EQ(tavkit::details::Add(kMost, 1), std::numeric_limits<std::int32_t>::min());
 }
 
+TEST(PlaceRect, GrowthAndWindowSizesWrapAsWell)
+{
+    constexpr auto kMost = std::numeric_limits<std::int32_t>::max();
+    constexpr auto kLeast = std::numeric_limits<std::int32_t>::min();
+    const SIZE growth = tavkit::GrowthOf({300, 200}, {100, 250});
+    EXPECT_EQ(growth.cx, 200);
+    EXPECT_EQ(growth.cy, -50);
+    const SIZE far = tavkit::GrowthOf({1, -2}, {kLeast, kMost});
+    EXPECT_EQ(far.cx, kLeast + 1);
+    EXPECT_EQ(far.cy, kMost);
+    const SIZE window = tavkit::WindowSizeOf({kMost, 10}, {1, 4});
+    EXPECT_EQ(window.cx, kLeast);
+    EXPECT_EQ(window.cy, 14);
+}
+
 // --- the same rules once more, written for one axis from the sentences and with wide numbers
+
+/// The number that a word of 32 bits holds of it.
+long long Word(long long value)
+{
+    constexpr long long kRange = 1LL << 32;
+    const long long rest = ((value % kRange) + kRange) % kRange;
+    return rest >= kRange / 2 ? rest - kRange : rest;
+}
 
 struct Axis
 {
@@ -144,20 +167,32 @@ Axis CheckAxis(Axis a, int firstPercent, int secondPercent, int minimum, int del
 {
     if (scrolled)
     {
-        a.first -= scroll;
-        a.second -= scroll;
+        a = {Word(a.first - scroll), Word(a.second - scroll)};
     }
     const bool grows = !(scrolled && delta < 0);
     if (grows)
     {
-        a.first += TowardsZero(static_cast<long long>(firstPercent) * delta, 100);
-        a.second += TowardsZero(static_cast<long long>(secondPercent) * delta, 100);
+        a.first = Word(a.first + TowardsZero(Word(static_cast<long long>(firstPercent) * delta), 100));
+        a.second = Word(a.second + TowardsZero(Word(static_cast<long long>(secondPercent) * delta), 100));
     }
-    if (a.second - a.first <= minimum)
+    if (Word(a.first + minimum) >= a.second)
     {
-        return {-10 - minimum, -10};
+        return {Word(-10LL - minimum), -10};
     }
     return a;
+}
+
+void ExpectAsChecked(const RECT& rect, const signed char (&percent)[4], SIZE minSize, const LayoutDelta& layout)
+{
+    const RECT placed = PlaceRect(rect, percent, minSize, layout);
+    const Axis x = CheckAxis({rect.left, rect.right}, percent[0], percent[2], minSize.cx, layout.delta.cx,
+                             layout.scroll.x, layout.useScrollPos);
+    const Axis y = CheckAxis({rect.top, rect.bottom}, percent[1], percent[3], minSize.cy, layout.delta.cy,
+                             layout.scroll.y, layout.useScrollPos);
+    ASSERT_EQ(placed.left, x.first);
+    ASSERT_EQ(placed.right, x.second);
+    ASSERT_EQ(placed.top, y.first);
+    ASSERT_EQ(placed.bottom, y.second);
 }
 
 TEST(PlaceRect, AgreesWithAnIndependentReadingOfTheRulesOnRandomInput)
@@ -173,15 +208,36 @@ TEST(PlaceRect, AgreesWithAnIndependentReadingOfTheRulesOnRandomInput)
                                         static_cast<signed char>(pick(0, 100)), static_cast<signed char>(pick(0, 100))};
         const SIZE minSize{pick(0, 60), pick(0, 60)};
         const LayoutDelta layout{{pick(-3000, 3000), pick(-3000, 3000)}, {pick(0, 800), pick(0, 800)}, pick(0, 1) == 1};
-        const RECT placed = PlaceRect(rect, percent, minSize, layout);
-        const Axis x = CheckAxis({rect.left, rect.right}, percent[0], percent[2], minSize.cx, layout.delta.cx,
-                                 layout.scroll.x, layout.useScrollPos);
-        const Axis y = CheckAxis({rect.top, rect.bottom}, percent[1], percent[3], minSize.cy, layout.delta.cy,
-                                 layout.scroll.y, layout.useScrollPos);
-        ASSERT_EQ(placed.left, x.first) << "round " << round;
-        ASSERT_EQ(placed.right, x.second) << "round " << round;
-        ASSERT_EQ(placed.top, y.first) << "round " << round;
-        ASSERT_EQ(placed.bottom, y.second) << "round " << round;
+        ASSERT_NO_FATAL_FAILURE(ExpectAsChecked(rect, percent, minSize, layout)) << "round " << round;
+    }
+}
+
+TEST(PlaceRect, AgreesWithItAtTheEdgesOfTheNumbersToo)
+{
+    constexpr int kMost = std::numeric_limits<int>::max();
+    constexpr int kLeast = std::numeric_limits<int>::min();
+    std::mt19937 random(20260102);
+    const auto pick = [&random](int low, int high) { return std::uniform_int_distribution<int>(low, high)(random); };
+    const auto number = [&] {
+        constexpr std::array kEdges{kLeast, kLeast + 1, -1, 0, 1, kMost - 1, kMost};
+        switch (pick(0, 2))
+        {
+        case 0:
+            return kEdges[static_cast<size_t>(pick(0, static_cast<int>(kEdges.size()) - 1))];
+        case 1:
+            return pick(-1000, 1000);
+        default:
+            return pick(kLeast, kMost);
+        }
+    };
+    const auto percentage = [&] { return static_cast<signed char>(pick(-128, 127)); };
+    for (int round = 0; round < 200'000; ++round)
+    {
+        const RECT rect{number(), number(), number(), number()};
+        const signed char percent[4] = {percentage(), percentage(), percentage(), percentage()};
+        const SIZE minSize{number(), number()};
+        const LayoutDelta layout{{number(), number()}, {number(), number()}, pick(0, 1) == 1};
+        ASSERT_NO_FATAL_FAILURE(ExpectAsChecked(rect, percent, minSize, layout)) << "round " << round;
     }
 }
 

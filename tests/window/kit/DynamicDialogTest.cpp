@@ -9,6 +9,7 @@
 #include "tavkit/layout/DynamicChildDlg.h"
 
 #include <functional>
+#include <limits>
 #include <memory>
 #include <string>
 #include <vector>
@@ -442,6 +443,33 @@ public:
 private:
     PROCESS_INFORMATION m_process{};
 };
+
+TEST_F(DynamicDialog, ALeftSideBeyondEveryScreenLeavesADialogThatCanBeReachedAndIsStoredWhole)
+{
+    for (const char* key : {"(valid)", "Top", "Visibility"})
+    {
+        AfxGetApp()->WriteProfileInt(kSection, key, 1);
+    }
+    AfxGetApp()->WriteProfileInt(kSection, "Left", std::numeric_limits<int>::max());
+    AfxGetApp()->WriteProfileInt(kSection, "Right", 200);
+    AfxGetApp()->WriteProfileInt(kSection, "Bottom", 400);
+    Dialog dialog(UINT{IDD_LAYOUT});
+    EXPECT_EQ(RunModal(dialog,
+                       [&] {
+                           const CRect place = PlaceOf(dialog.m_hWnd);
+                           EXPECT_EQ(place.TopLeft(), CPoint(200, 1));
+                           EXPECT_LE(place.Width(), ::GetSystemMetrics(SM_CXMAXTRACK));
+                           CRect client;
+                           dialog.GetClientRect(client);
+                           const CRect grip = dialog.ChildPlace(kGripId);
+                           EXPECT_NEAR(grip.right, client.right, 1);
+                           EXPECT_NEAR(grip.bottom, client.bottom, 1);
+                       }),
+              IDCANCEL);
+    EXPECT_EQ(Read("(valid)"), 1);
+    EXPECT_EQ(Read("Left"), 200);
+    EXPECT_LE(Read("Right"), 200 + ::GetSystemMetrics(SM_CXMAXTRACK));
+}
 
 TEST_F(DynamicDialog, TheNextProcessFindsTheDialogMovedSizedAndMaximisedAsItWasLeft)
 {

@@ -394,6 +394,21 @@ TEST_F(DynamicWndEx, SidesOutOfRangeAreRefused)
     }
 }
 
+TEST_F(DynamicWndEx, ALeftSideBeyondEveryScreenAloneIsTheRightSideOfAWindowThatTheSystemLimits)
+{
+    m_ex->ActivateAutoPos(CString(kName));
+    WriteRecord(CRect(50, 60, 350, 260));
+    Write("Left", kMost);
+    Attach();
+    const CRect place = Place();
+    EXPECT_EQ(CRect(place.TopLeft(), CSize(0, place.Height())), CRect(350, 60, 350, 260));
+    EXPECT_LE(place.Width(), ::GetSystemMetrics(SM_CXMAXTRACK));
+    m_ex->DoOnDestroy();
+    EXPECT_EQ(Read("(valid)"), 1);
+    EXPECT_EQ(Read("Left"), 350);
+    EXPECT_EQ(Read("Right"), place.right);
+}
+
 TEST_F(DynamicWndEx, TheStateComesBackOnTopOfTheNormalPlace)
 {
     Attach();

@@ -1,9 +1,7 @@
 // DynamicWndTest.cpp - the layout engine: moving children, limits of sizing, anti-flicker
 
-#include "ImportHook.h"
 #include "LayoutFixture.h"
 
-#include <algorithm>
 #include <stdexcept>
 
 namespace
@@ -12,71 +10,17 @@ namespace
 using layout_test::Child;
 using layout_test::Engine;
 using layout_test::EngineFrame;
+using layout_test::kFirstId;
+using layout_test::kMoveFlags;
 using testing::Contains;
 using testing::Each;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
+using DynamicWnd = layout_test::EngineTest;
 using Dyn = cdxCDynamicWnd;
 
-constexpr UINT kFirstId = 70;
-constexpr UINT kMoveFlags = 0x214; // no z-order, no activation, no z-order of the owner
 const CSize kNoMin(0, 0);
-
-class DynamicWnd : public support::WindowTest
-{
-protected:
-    void SetUp() override
-    {
-        WindowTest::SetUp();
-        m_frame = std::make_unique<EngineFrame>();
-    }
-    void TearDown() override
-    {
-        m_children.clear();
-        m_frame.reset();
-        WindowTest::TearDown();
-    }
-
-    Engine& E() { return m_frame->m_engine; }
-
-    // A child of that number, one below the other in the z-order and on the screen.
-    Child& AddChild(int number)
-    {
-        const int top = 10 + 25 * number;
-        m_children.push_back(
-            std::make_unique<Child>(*m_frame, kFirstId + static_cast<UINT>(number), CRect(10, top, 110, top + 20)));
-        return *m_children.back();
-    }
-    static CRect FirstPlace(int number) { return CRect(10, 10 + 25 * number, 110, 30 + 25 * number); }
-
-    // Attaches without a least size.
-    void AttachFreely()
-    {
-        E().DoInitWindow(*m_frame);
-        E().m_szMin = CSize(0, 0);
-    }
-    // Attaches and registers all children, which follow the right edge.
-    void AttachFollowing()
-    {
-        E().DoInitWindow(*m_frame);
-        ASSERT_TRUE(E().AllControls(Dyn::TopRight, false, false));
-        ClearMoves();
-        E().m_asked.clear();
-        E().m_askedIds.clear();
-    }
-    void ClearMoves()
-    {
-        for (const auto& child : m_children)
-        {
-            child->m_moves.clear();
-        }
-    }
-    Child& At(std::size_t i) { return *m_children.at(i); }
-
-    std::unique_ptr<EngineFrame> m_frame;
-    std::vector<std::unique_ptr<Child>> m_children;
-};
 
 // --- a pass
 
@@ -320,149 +264,6 @@ TEST_F(DynamicWnd, AnExceptionWhileOneChildIsPlacedReachesTheCaller)
     m_frame->GrowBy(20, 0);
     E().m_onMove = [](HWND, UINT, CRect&, const cdxCDynamicLayoutInfo&) -> bool { throw std::runtime_error("no"); };
     EXPECT_THROW(E().UpdateControlPosition(At(0).m_hWnd), std::runtime_error);
-}
-
-// --- trouble in a pass
-
-TEST_F(DynamicWnd, AnExceptionEndsThePassWithWhatWasPlacedSoFar)
-{
-    AddChild(0);
-    AddChild(1);
-    AttachFollowing();
-    E().Disable();
-    m_frame->GrowBy(20, 0);
-    HWND first = ::GetWindow(m_frame->m_hWnd, GW_CHILD);
-    E().m_onMove = [&](HWND child, UINT id, CRect& rect, const cdxCDynamicLayoutInfo& info) {
-        if (child != first)
-        {
-            throw std::runtime_error("no");
-        }
-        return E().cdxCDynamicWnd::DoMoveCtrl(child, id, rect, info);
-    };
-    EXPECT_THROW(E().Layout(), std::runtime_error);
-    const int moved = At(0).m_hWnd == first ? 0 : 1;
-    EXPECT_EQ(At(static_cast<std::size_t>(moved)).Place(), FirstPlace(moved) + CPoint(20, 0));
-    EXPECT_EQ(At(static_cast<std::size_t>(1 - moved)).Place(), FirstPlace(1 - moved));
-    E().m_onMove = nullptr;
-    E().Layout();
-    EXPECT_EQ(At(1).Place(), FirstPlace(1) + CPoint(20, 0));
-    EXPECT_EQ(At(0).Place(), FirstPlace(0) + CPoint(20, 0));
-}
-
-// The batch that refuses a child, as the system does when it has no room.
-struct RefusingBatch
-{
-    static inline int s_calls = 0;
-    static inline int s_refused = 0; // number of the call that fails
-
-    static HDWP WINAPI Defer(HDWP batch, HWND window, HWND after, int x, int y, int cx, int cy, UINT flags)
-    {
-        return ++s_calls == s_refused ? nullptr : ::DeferWindowPos(batch, window, after, x, y, cx, cy, flags);
-    }
-
-    explicit RefusingBatch(int refused)
-        : m_hook("TavKit.dll", "user32.dll", "DeferWindowPos", reinterpret_cast<void*>(Defer))
-    {
-        s_calls = 0;
-        s_refused = refused;
-    }
-
-private:
-    ImportHook m_hook;
-};
-
-TEST_F(DynamicWnd, WhenTheBatchBreaksTheSameChildAndAllBehindItAreMovedDirectly)
-{
-    AddChild(0);
-    AddChild(1);
-    AddChild(2);
-    AttachFollowing();
-    HWND second = ::GetWindow(::GetWindow(m_frame->m_hWnd, GW_CHILD), GW_HWNDNEXT);
-    HWND third = ::GetWindow(second, GW_HWNDNEXT);
-    const RefusingBatch batch(2);
-    m_frame->GrowBy(20, 0);
-    EXPECT_EQ(RefusingBatch::s_calls, 2) << "no deferred move behind the one that failed";
-    for (const auto& child : m_children)
-    {
-        if (child->m_hWnd == second || child->m_hWnd == third)
-        {
-            EXPECT_EQ(child->Place().left, 30);
-            ASSERT_THAT(child->m_moves, SizeIs(1));
-            EXPECT_EQ(child->m_moves[0] & (kMoveFlags | SWP_NOCOPYBITS), kMoveFlags | SWP_NOCOPYBITS);
-        }
-    }
-    EXPECT_EQ(std::ranges::count(E().m_asked, second), 2) << "it is processed once more";
-    EXPECT_EQ(std::ranges::count(E().m_asked, third), 1);
-}
-
-TEST_F(DynamicWnd, AChildDestroyedWhileItIsAskedAboutDoesNotStopThePass)
-{
-    AddChild(0);
-    AddChild(1);
-    AddChild(2);
-    AttachFollowing();
-    HWND first = ::GetWindow(m_frame->m_hWnd, GW_CHILD);
-    E().m_onMove = [&](HWND child, UINT id, CRect& rect, const cdxCDynamicLayoutInfo& info) {
-        const bool placed = E().cdxCDynamicWnd::DoMoveCtrl(child, id, rect, info);
-        if (child == first)
-        {
-            ::DestroyWindow(child);
-        }
-        return placed;
-    };
-    m_frame->GrowBy(20, 0);
-    int there = 0;
-    for (int i = 0; i < 3; ++i)
-    {
-        const Child& child = At(static_cast<std::size_t>(i));
-        if (child.m_hWnd != nullptr)
-        {
-            EXPECT_EQ(child.Place(), FirstPlace(i) + CPoint(20, 0)) << "child " << i;
-            ++there;
-        }
-    }
-    EXPECT_EQ(there, 2);
-}
-
-TEST_F(DynamicWnd, TheNextChildDestroyedMeanwhileDoesNotStopThePass)
-{
-    AddChild(0);
-    AddChild(1);
-    AddChild(2);
-    AttachFollowing();
-    HWND first = ::GetWindow(m_frame->m_hWnd, GW_CHILD);
-    E().m_onMove = [&](HWND child, UINT id, CRect& rect, const cdxCDynamicLayoutInfo& info) {
-        if (child == first)
-        {
-            ::DestroyWindow(::GetWindow(child, GW_HWNDNEXT));
-        }
-        return E().cdxCDynamicWnd::DoMoveCtrl(child, id, rect, info);
-    };
-    m_frame->GrowBy(20, 0);
-    for (int i = 0; i < 3; ++i)
-    {
-        const Child& child = At(static_cast<std::size_t>(i));
-        if (child.m_hWnd != nullptr)
-        {
-            EXPECT_EQ(child.Place(), FirstPlace(i) + CPoint(20, 0)) << "child " << i;
-        }
-    }
-}
-
-TEST_F(DynamicWnd, AWindowDestroyedDuringThePassEndsIt)
-{
-    AddChild(0);
-    AddChild(1);
-    AttachFollowing();
-    E().m_onMove = [&](HWND, UINT, CRect& rect, const cdxCDynamicLayoutInfo&) {
-        rect.OffsetRect(1, 1);
-        m_frame->DestroyWindow();
-        return true;
-    };
-    E().Layout();
-    EXPECT_EQ(m_frame->m_hWnd, nullptr);
-    EXPECT_FALSE(E().IsValid());
-    EXPECT_THAT(E().m_asked, SizeIs(1));
 }
 
 // --- which sizes count

@@ -75,12 +75,13 @@ public:
     std::function<bool(HWND, UINT, CRect&, const cdxCDynamicLayoutInfo&)> m_onMove; ///< in place of the rule
     std::function<void()> m_onInitialized;
     std::function<void()> m_onDestroying;
-    bool m_noInfo = false;         ///< no snapshot can be made
-    int m_layouts = 0;             ///< calls of Layout
-    std::vector<HWND> m_asked;     ///< children that DoMoveCtrl was asked about
-    std::vector<UINT> m_askedIds;  ///< their ids
-    std::vector<HWND> m_added;     ///< children in the order of their registration
-    std::vector<HWND> m_destroyed; ///< children that DoDestroyCtrl was told of
+    std::function<void()> m_onInfo; ///< called when a snapshot is asked for
+    bool m_noInfo = false;          ///< no snapshot can be made
+    int m_layouts = 0;              ///< calls of Layout
+    std::vector<HWND> m_asked;      ///< children that DoMoveCtrl was asked about
+    std::vector<UINT> m_askedIds;   ///< their ids
+    std::vector<HWND> m_added;      ///< children in the order of their registration
+    std::vector<HWND> m_destroyed;  ///< children that DoDestroyCtrl was told of
 
     bool AddSzControl(HWND hWnd, Position const& pos, bool bReposNow) override
     {
@@ -119,6 +120,10 @@ public:
     }
     cdxCDynamicLayoutInfo* DoCreateLayoutInfo() override
     {
+        if (m_onInfo)
+        {
+            m_onInfo();
+        }
         return m_noInfo ? nullptr : cdxCDynamicWnd::DoCreateLayoutInfo();
     }
     const __dynEntry* __getDynMap(const __dynEntry* pBase) const override
@@ -187,6 +192,65 @@ protected:
         }
         return result;
     }
+};
+
+inline constexpr UINT kFirstId = 70;      ///< of the children that a test adds
+inline constexpr UINT kMoveFlags = 0x214; // no z-order, no activation, no z-order of the owner
+
+/// A test with an engine's window and children in it.
+class EngineTest : public support::WindowTest
+{
+protected:
+    void SetUp() override
+    {
+        WindowTest::SetUp();
+        m_frame = std::make_unique<EngineFrame>();
+    }
+    void TearDown() override
+    {
+        m_children.clear();
+        m_frame.reset();
+        WindowTest::TearDown();
+    }
+
+    Engine& E() { return m_frame->m_engine; }
+
+    // A child of that number, one below the other in the z-order and on the screen.
+    Child& AddChild(int number)
+    {
+        const int top = 10 + 25 * number;
+        m_children.push_back(
+            std::make_unique<Child>(*m_frame, kFirstId + static_cast<UINT>(number), CRect(10, top, 110, top + 20)));
+        return *m_children.back();
+    }
+    static CRect FirstPlace(int number) { return CRect(10, 10 + 25 * number, 110, 30 + 25 * number); }
+
+    // Attaches without a least size.
+    void AttachFreely()
+    {
+        E().DoInitWindow(*m_frame);
+        E().m_szMin = CSize(0, 0);
+    }
+    // Attaches and registers all children, which follow the right edge.
+    void AttachFollowing()
+    {
+        E().DoInitWindow(*m_frame);
+        ASSERT_TRUE(E().AllControls(cdxCDynamicWnd::TopRight, false, false));
+        ClearMoves();
+        E().m_asked.clear();
+        E().m_askedIds.clear();
+    }
+    void ClearMoves()
+    {
+        for (const auto& child : m_children)
+        {
+            child->m_moves.clear();
+        }
+    }
+    Child& At(std::size_t i) { return *m_children.at(i); }
+
+    std::unique_ptr<EngineFrame> m_frame;
+    std::vector<std::unique_ptr<Child>> m_children;
 };
 
 } // namespace layout_test
