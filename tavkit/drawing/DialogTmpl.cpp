@@ -25,6 +25,7 @@ constexpr DWORD kCheckStyle = WS_CHILD | WS_VISIBLE | WS_TABSTOP | BS_AUTOCHECKB
 constexpr WORD kOrdinal = 0xFFFF; ///< says that a class word follows
 constexpr int kLastButtonId = 10; ///< push buttons have the ids from 1 to this
 constexpr int kNoAnswer = 8;      ///< the system's "Close"; ignored
+constexpr int kNoButton = 0;      ///< result of a box that nobody has answered
 
 tavkit::MsgBoxSystemCalls systemCalls{::LocalAlloc, ::WinHelpA};
 
@@ -332,8 +333,14 @@ std::vector<WORD> CDialogTmpl::Template(const char* pszCaption) const
 int CDialogTmpl::RunTemplate(const char* pszCaption) const
 {
     const TemplateMemory memory(Template(pszCaption));
-    return static_cast<int>(
-        ::DialogBoxIndirectParamA(AfxGetInstanceHandle(), memory.Get(), CurrentMsgBox().parent, DialogProc, 0));
+    HWND const owner = CurrentMsgBox().parent;
+    const bool ownerTakesInput = ::IsWindowEnabled(owner) != FALSE;
+    const INT_PTR result = ::DialogBoxIndirectParamA(AfxGetInstanceHandle(), memory.Get(), owner, DialogProc, 0);
+    if (ownerTakesInput && !::IsWindowEnabled(owner))
+    {
+        ::EnableWindow(owner, TRUE); // a box that was destroyed instead of answered leaves it disabled
+    }
+    return result > 0 ? static_cast<int>(result) : kNoButton;
 }
 
 int CDialogTmpl::DoModal(const char* pszCaption)

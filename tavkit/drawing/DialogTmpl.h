@@ -24,7 +24,8 @@ public:
     CDialogTmpl& operator=(const CDialogTmpl&) = delete;
 
     /// Shows the box and waits.
-    /// @return id of the button, with the check box's bit; 2 when there was no memory for the template
+    /// @return id of the button, with the check box's bit; 2 when there was no memory for the template; 0 when the
+    ///         owner is no window, or the box was destroyed
     int DoModal(const char* pszCaption);
 
 private:

@@ -21,6 +21,6 @@ inline constexpr unsigned int MB_CONTINUEABORT = 0x8; ///< "Continue" 10, "Abort
 /// @param nHelpID       context of the Help button; 0 opens the help at its key words
 /// @return id of the button pressed, with MB_DONOTASKAGAIN added when the check box was asked for and is checked.
 ///   With MB_ICONHAND and MB_SYSTEMMODAL together the result of the system's own box, which is shown then. 2 when there
-///   was no memory for the box.
+///   was no memory for the box; 0 when the owner is no window, or the box was destroyed before it was answered.
 TAVKIT_API int XMessageBox(HWND hwnd, const char* pszText, const char* pszCaption, unsigned int nStyle,
                            const char* pszCheckText, unsigned int nHelpID);

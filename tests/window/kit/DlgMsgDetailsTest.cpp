@@ -97,6 +97,61 @@ TEST_F(DlgMsgDetailsTest, LineFeedsBecomePairsWhateverStandsBeforeThem)
         "one\ntwo\r\nthree");
 }
 
+TEST_F(DlgMsgDetailsTest, AHundredThousandCharactersAreAllThere)
+{
+    std::string details;
+    std::string shown;
+    while (details.size() < 100'000)
+    {
+        details += "a line of the details\n";
+        shown += "a line of the details\r\n";
+    }
+    const std::string message(100'000, 'm');
+    ModalHelper helper("A title", [&](HWND dialog) {
+        std::string text(static_cast<size_t>(::GetWindowTextLengthA(::GetDlgItem(dialog, kDetails))), 0);
+        ::GetWindowTextA(::GetDlgItem(dialog, kDetails), text.data(), static_cast<int>(text.size()) + 1);
+        EXPECT_TRUE(text == shown) << text.size();
+        EXPECT_EQ(::GetWindowTextLengthA(::GetDlgItem(dialog, kMessage)), 100'000);
+        support::Click(::GetDlgItem(dialog, kShow));
+        EXPECT_TRUE(support::PumpUntil([&] { return !::IsWindowEnabled(::GetDlgItem(dialog, kShow)); }));
+        support::PressButton(dialog, IDOK);
+    });
+    DlgMsgDetails dialog("A title", message.c_str(), details.c_str(), &m_frame);
+    EXPECT_EQ(dialog.DoModal(), IDOK);
+    EXPECT_TRUE(helper.Done());
+    AllowGdiGrowth("the system keeps the pens of scroll bars once they were drawn");
+}
+
+TEST_F(DlgMsgDetailsTest, DestroyedInItsLoopItEndsAndFreesItsOwner)
+{
+    for (const bool opened : {false, true})
+    {
+        ModalHelper helper("A title", [opened](HWND dialog) {
+            if (opened)
+            {
+                ::SendMessageA(dialog, WM_COMMAND, kShow, reinterpret_cast<LPARAM>(::GetDlgItem(dialog, kShow)));
+            }
+            ::DestroyWindow(dialog);
+        });
+        DlgMsgDetails dialog("A title", "A message", "details", &m_frame);
+        EXPECT_NE(dialog.DoModal(), IDOK);
+        EXPECT_TRUE(helper.Done());
+        EXPECT_EQ(dialog.m_hWnd, nullptr);
+        EXPECT_TRUE(::IsWindowEnabled(m_frame));
+    }
+    AllowGdiGrowth("the system keeps the pens of scroll bars once they were drawn");
+}
+
+TEST_F(DlgMsgDetailsTest, GoesWithItsOwner)
+{
+    support::TestFrame owner;
+    ModalHelper helper("A title", [&](HWND) { owner.DestroyWindow(); });
+    DlgMsgDetails dialog("A title", "A message", "details", &owner);
+    EXPECT_NE(dialog.DoModal(), IDOK);
+    EXPECT_TRUE(helper.Done());
+    EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
 TEST_F(DlgMsgDetailsTest, NullTextsAreEmpty)
 {
     ModalHelper helper("", [](HWND dialog) {

@@ -1,5 +1,7 @@
 // XMessageBoxTest.cpp - the message box: every set opened for real and answered
 
+#include "../layoutproc/LayoutProc.h"
+
 #include "tavkit/drawing/DialogTmpl.h"
 #include "tavkit/drawing/MsgBoxLayout.h"
 #include "tavkit/drawing/XMessageBox.h"
@@ -98,10 +100,11 @@ TEST_P(MsgBoxAnswer, MnemonicsAnswerWithTheirButtonsId)
 
 TEST_P(MsgBoxAnswer, EnterAnswersWithTheDefaultButton)
 {
-    EXPECT_EQ(Open(GetParam().set, Key(VK_RETURN)), GetParam().ids.front());
-    if (GetParam().ids.size() > 1)
+    constexpr unsigned kDefaults[]{MB_DEFBUTTON1, MB_DEFBUTTON2, MB_DEFBUTTON3, MB_DEFBUTTON4};
+    const auto& ids = GetParam().ids;
+    for (size_t i = 0; i < std::size(kDefaults); ++i)
     {
-        EXPECT_EQ(Open(GetParam().set | MB_DEFBUTTON2, Key(VK_RETURN)), GetParam().ids[1]);
+        EXPECT_EQ(Open(GetParam().set | kDefaults[i], Key(VK_RETURN)), i < ids.size() ? ids[i] : ids.front()) << i;
     }
 }
 
@@ -245,26 +248,42 @@ TEST_F(XMessageBoxTest, AnIconIsDrawnForEachOfTheFourStyles)
 
 struct HelpCall
 {
+    bool closes = false; ///< the box is answered with OK
     int count = 0;
     std::string file;
     UINT command = 0;
     ULONG_PTR data = 0;
 } helpCall;
 
-BOOL WINAPI RecordHelp(HWND, LPCSTR file, UINT command, ULONG_PTR data)
+BOOL WINAPI RecordHelp(HWND box, LPCSTR file, UINT command, ULONG_PTR data)
 {
-    helpCall = {helpCall.count + 1, file, command, data};
+    helpCall = {helpCall.closes, helpCall.count + 1, file, command, data};
+    if (helpCall.closes)
+    {
+        ::PostMessageA(box, WM_COMMAND, IDOK, 0);
+    }
     return TRUE;
 }
 
-class MsgBoxHelpTest : public XMessageBoxTest
+/// With calls of the system replaced for as long as a test runs.
+class MsgBoxCallsTest : public XMessageBoxTest
 {
 protected:
-    MsgBoxHelpTest() : m_old(tavkit::ReplaceMsgBoxSystemCalls({::LocalAlloc, RecordHelp})) { helpCall = {}; }
-    ~MsgBoxHelpTest() override { tavkit::ReplaceMsgBoxSystemCalls(m_old); }
+    ~MsgBoxCallsTest() override { tavkit::ReplaceMsgBoxSystemCalls(m_old); }
+    static void Replace(const tavkit::MsgBoxSystemCalls& calls) { tavkit::ReplaceMsgBoxSystemCalls(calls); }
 
 private:
-    tavkit::MsgBoxSystemCalls m_old;
+    tavkit::MsgBoxSystemCalls m_old = tavkit::ReplaceMsgBoxSystemCalls({::LocalAlloc, ::WinHelpA});
+};
+
+class MsgBoxHelpTest : public MsgBoxCallsTest
+{
+protected:
+    MsgBoxHelpTest()
+    {
+        Replace({::LocalAlloc, RecordHelp});
+        helpCall = {};
+    }
 };
 
 TEST_F(MsgBoxHelpTest, OpensTheContextAndTheBoxStays)
@@ -294,32 +313,98 @@ TEST_F(MsgBoxHelpTest, WithoutAContextOpensTheKeyWords)
     EXPECT_EQ(helpCall.data, 0U);
 }
 
+TEST_F(MsgBoxHelpTest, OpensByItsLetterAndByEnterOnceItIsTheDefault)
+{
+    helpCall.closes = true; // each key reaches the box through its own loop, which goes on until help has been called
+    const std::function<void(HWND)> ways[]{Key(VK_RETURN), [](HWND box) {
+                                               ::SetForegroundWindow(box);
+                                               support::PressKey('H', {VK_MENU});
+                                           }};
+    int calls = 0;
+    for (const auto& way : ways)
+    {
+        const unsigned second = calls == 0 ? MB_DEFBUTTON2 : MB_DEFBUTTON1;
+        EXPECT_EQ(Open(MB_OK | MB_HELP | second, way), IDOK);
+        EXPECT_EQ(helpCall.count, ++calls);
+    }
+}
+
 // --- what stands in for the box
 
 HLOCAL WINAPI NoMemory(UINT, SIZE_T) { return nullptr; }
 
-TEST_F(XMessageBoxTest, WithoutMemoryTheSystemsBoxSaysSoAndTheResultIsTwo)
+/// A block that can't be locked, since there is nothing in it.
+HLOCAL WINAPI EmptyBlock(UINT flags, SIZE_T) { return ::LocalAlloc(flags, 0); }
+
+TEST_F(MsgBoxCallsTest, WithoutMemoryTheSystemsBoxSaysSoAndTheResultIsTwo)
 {
-    const auto old = tavkit::ReplaceMsgBoxSystemCalls({NoMemory, ::WinHelpA});
-    ModalHelper helper("Allocation Failure", [](HWND box) {
-        EXPECT_EQ(TextOf(::GetDlgItem(box, 0xFFFF)), "Memory allocation for dialog template failed.");
-        support::PressButton(box, IDOK);
-    });
-    EXPECT_EQ(XMessageBox(m_frame, "text", kCaption, MB_OK, nullptr, 0), 2);
-    EXPECT_TRUE(helper.Done());
-    tavkit::ReplaceMsgBoxSystemCalls(old);
+    for (const auto alloc : {NoMemory, EmptyBlock})
+    {
+        Replace({alloc, ::WinHelpA});
+        ModalHelper helper("Allocation Failure", [](HWND box) {
+            EXPECT_EQ(TextOf(::GetDlgItem(box, 0xFFFF)), "Memory allocation for dialog template failed.");
+            EXPECT_EQ(::GetWindow(box, GW_OWNER), nullptr);
+            support::PressButton(box, IDOK);
+        });
+        EXPECT_EQ(XMessageBox(m_frame, "text", kCaption, MB_OK | MB_DONOTASKAGAIN, nullptr, 0), 2);
+        EXPECT_TRUE(helper.Done());
+    }
     AllowGdiGrowth("the system's own message box keeps bitmaps under some platforms");
 }
 
 TEST_F(XMessageBoxTest, HandAndSystemModalTogetherAreTheSystemsOwnBox)
 {
-    EXPECT_EQ(Open(MB_YESNO | MB_ICONHAND | MB_SYSTEMMODAL,
-                   [](HWND box) {
-                       EXPECT_EQ(::GetDlgItem(box, 1001), nullptr); // none of ours
-                       support::PressButton(box, IDNO);
-                   }),
-              IDNO);
+    // The exclamation mark's number holds the hand's bit.
+    for (const unsigned icon : {MB_ICONHAND, MB_ICONEXCLAMATION})
+    {
+        EXPECT_EQ(Open(MB_YESNO | icon | MB_SYSTEMMODAL,
+                       [](HWND box) {
+                           EXPECT_EQ(::GetDlgItem(box, 1001), nullptr); // none of ours
+                           support::PressButton(box, IDNO);
+                       }),
+                  IDNO);
+    }
     AllowGdiGrowth("the font that this path makes stays, as it always has");
+}
+
+TEST_F(XMessageBoxTest, SystemModalIsAStyleOfTheDialog)
+{
+    for (const unsigned icon : {0U, static_cast<unsigned>(MB_ICONQUESTION), static_cast<unsigned>(MB_ICONASTERISK)})
+    {
+        for (const unsigned modal : {0U, static_cast<unsigned>(MB_SYSTEMMODAL)})
+        {
+            Open(MB_OK | icon | modal, [modal](HWND box) {
+                constexpr LONG kStyle = static_cast<LONG>(0x90C80880);
+                const LONG style = ::GetWindowLongA(box, GWL_STYLE);
+                EXPECT_EQ(style & kStyle, kStyle);
+                EXPECT_EQ((style & DS_SYSMODAL) != 0, modal != 0);
+                EXPECT_NE(::GetDlgItem(box, 1001), nullptr);
+                support::PressButton(box, IDOK);
+            });
+        }
+    }
+    AllowGdiGrowth("the system keeps its own icons once they were drawn");
+}
+
+// --- windows that die
+
+TEST_F(XMessageBoxTest, ABoxThatIsDestroyedIsAnsweredWithNothingAndFreesItsOwner)
+{
+    EXPECT_EQ(Open(MB_YESNO | MB_DONOTASKAGAIN, [](HWND box) { ::DestroyWindow(box); }), 0);
+    EXPECT_TRUE(::IsWindowEnabled(m_frame));
+    EXPECT_EQ(Open(MB_YESNO, Mouse(IDNO)), IDNO) << "the next one works";
+}
+
+TEST_F(XMessageBoxTest, ABoxWhoseOwnerIsDestroyedIsAnsweredWithNothing)
+{
+    support::TestFrame owner;
+    HWND const gone = owner;
+    ModalHelper helper(kCaption, [&](HWND) { owner.DestroyWindow(); });
+    EXPECT_EQ(XMessageBox(gone, "text", kCaption, MB_YESNO | MB_ICONQUESTION, nullptr, 0), 0);
+    EXPECT_TRUE(helper.Done());
+    EXPECT_EQ(XMessageBox(gone, "text", kCaption, MB_YESNO | MB_DONOTASKAGAIN, nullptr, 0), 0) << "no window any more";
+    EXPECT_EQ(Open(MB_OK, Mouse(IDOK)), IDOK) << "the next one works";
+    AllowGdiGrowth("the system keeps its own icons once they were drawn");
 }
 
 // --- texts
@@ -330,6 +415,54 @@ TEST_F(XMessageBoxTest, ANullOrEmptyCaptionWithoutAnApplicationTitleIsError)
     {
         ModalHelper helper("Error", Mouse(IDOK));
         EXPECT_EQ(XMessageBox(m_frame, "text", caption, MB_OK, nullptr, 0), IDOK);
+        EXPECT_TRUE(helper.Done());
+    }
+}
+
+/// Another module's resources in place of the program's.
+class ResourcesOf
+{
+public:
+    explicit ResourcesOf(const char* module)
+        : m_module(::LoadLibraryExA(module, nullptr, LOAD_LIBRARY_AS_DATAFILE)), m_old(AfxGetResourceHandle())
+    {
+        EXPECT_NE(m_module, nullptr);
+        AfxSetResourceHandle(m_module);
+    }
+    ~ResourcesOf()
+    {
+        AfxSetResourceHandle(m_old);
+        ::FreeLibrary(m_module);
+    }
+    ResourcesOf(const ResourcesOf&) = delete;
+    ResourcesOf& operator=(const ResourcesOf&) = delete;
+
+private:
+    HMODULE m_module;
+    HINSTANCE m_old;
+};
+
+TEST_F(XMessageBoxTest, ANullOrEmptyCaptionIsTheApplicationsTitle)
+{
+    const ResourcesOf program("LayoutProc.exe");
+    for (const char* caption : {static_cast<const char*>(nullptr), ""})
+    {
+        ModalHelper helper(LAYOUT_PROC_TITLE, Mouse(IDOK));
+        EXPECT_EQ(XMessageBox(m_frame, "text", caption, MB_OK, nullptr, 0), IDOK);
+        EXPECT_TRUE(helper.Done());
+    }
+}
+
+TEST_F(XMessageBoxTest, ACaptionIsCutAtItsLongest)
+{
+    for (const size_t length : {size_t{1023}, size_t{1024}, size_t{100'000}})
+    {
+        ModalHelper helper([] { return FindThreadWindow("#32770", nullptr); },
+                           [](HWND box) {
+                               EXPECT_EQ(TextOf(box), std::string(1023, 'c'));
+                               support::PressButton(box, IDOK);
+                           });
+        EXPECT_EQ(XMessageBox(m_frame, "text", std::string(length, 'c').c_str(), MB_OK, nullptr, 0), IDOK);
         EXPECT_TRUE(helper.Done());
     }
 }

@@ -8,6 +8,7 @@
 #define IDC_LAYOUT_BUTTON 4212
 
 #define LAYOUT_TITLE "Layout dialog"
+#define LAYOUT_PROC_TITLE "Layout program" // the helper program's own title, its string 0xE000
 
 /// What the helper program does; its first argument.
 #define LAYOUT_MODE_OPEN "open"   // shows the dialog and leaves it to the other process; ends when it is closed
