@@ -70,13 +70,6 @@ BOOL SettingsPage::PreTranslateMessage(MSG* message)
     return CWnd::PreTranslateMessage(message);
 }
 
-void SettingsPage::Layout()
-{
-    cdxCDynamicChildDlg::Layout();
-    // Group boxes erase nothing, so what has moved through them would stay.
-    RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-}
-
 Settings SettingsPage::Current() const
 {
     Settings settings = m_settings;

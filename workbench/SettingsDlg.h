@@ -17,7 +17,6 @@ public:
 
     BOOL OnInitDialog() override;
     BOOL PreTranslateMessage(MSG* message) override;
-    void Layout() override;
 
     /// What the fields hold.
     [[nodiscard]] Settings Current() const;

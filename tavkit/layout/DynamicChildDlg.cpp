@@ -126,6 +126,16 @@ void cdxCDynamicChildDlg::OnSize(UINT nType, int cx, int cy)
     cdxCDynamicDialog::OnSize(nType, cx, cy);
 }
 
+void cdxCDynamicChildDlg::Layout()
+{
+    cdxCDynamicDialog::Layout();
+    // A group box erases nothing and may keep its parent from erasing as well, so what has moved through it would stay.
+    if (IsUp())
+    {
+        RedrawWindow(nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+    }
+}
+
 void cdxCDynamicChildDlg::ScrollTo(int nBar, int nPos)
 {
     if (nPos != GetScrollPos(nBar))

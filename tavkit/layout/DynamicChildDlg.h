@@ -21,6 +21,8 @@ public:
     ~cdxCDynamicChildDlg() override;
 
     BOOL OnInitDialog() override;
+    /// Places the children and repaints the page as a whole.
+    void Layout() override;
 
 protected:
     void OnSize(UINT nType, int cx, int cy);

@@ -6,7 +6,9 @@
 #include "support/WindowTest.h"
 #include "tavkit/layout/DynamicChildDlg.h"
 
+#include <algorithm>
 #include <memory>
+#include <vector>
 
 namespace
 {
@@ -237,6 +239,45 @@ TEST_F(DynamicChildDlg, GrowingWhileScrolledBringsTheHiddenPartBack)
     EXPECT_EQ(m_dialog->ChildPlace(IDC_LAYOUT_TEXT).top, m_text.top - m_dialog->Last(SB_VERT));
     Shrink(0, -40);
     EXPECT_EQ(m_dialog->ChildPlace(IDC_LAYOUT_TEXT), m_text);
+}
+
+TEST_F(DynamicChildDlg, AGroupBoxThatScrollsLeavesNothingBehind)
+{
+    CButton group;
+    ASSERT_TRUE(group.Create("", WS_CHILD | WS_VISIBLE | BS_GROUPBOX, CRect(20, 40, 120, 140), m_dialog.get(), 7));
+    CWnd mark;
+    HBRUSH black = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));
+    ASSERT_TRUE(mark.Create(AfxRegisterWndClass(0, nullptr, black), "", WS_CHILD | WS_VISIBLE, CRect(40, 70, 100, 90),
+                            m_dialog.get(), 8));
+    ASSERT_TRUE(m_dialog->AllControls(cdxCDynamicWnd::TopLeft, false, false));
+    Shrink(0, 60);
+    const COLORREF ground = support::ClientPixel(m_dialog->m_hWnd, 5, 90);
+    // Rows in which something is drawn, in a column through the box and the mark; they begin below the text above.
+    const auto drawn = [&](int from, int to) {
+        std::vector<int> rows;
+        support::Settle();
+        for (int y = from; y < to; ++y)
+        {
+            if (support::ClientPixel(m_dialog->m_hWnd, 70, y) != ground)
+            {
+                rows.push_back(y);
+            }
+        }
+        return rows;
+    };
+    constexpr int kLine = cdxCDynamicChildDlg::ScrollLine;
+    constexpr int kFrom = 38;
+    constexpr int kTo = 105;
+    const std::vector<int> before = drawn(kFrom, kTo);
+    EXPECT_GT(before.size(), 20u) << "the mark and the frame";
+    m_dialog->SendMessage(WM_VSCROLL, SB_LINEDOWN);
+    std::vector<int> after = drawn(kFrom - kLine, kTo - kLine);
+    std::ranges::for_each(after, [](int& y) { y += kLine; });
+    EXPECT_EQ(after, before);
+    m_dialog->SendMessage(WM_VSCROLL, SB_LINEUP);
+    EXPECT_EQ(drawn(kFrom, kTo), before);
+    mark.DestroyWindow();
+    group.DestroyWindow();
 }
 
 TEST_F(DynamicChildDlg, AScrollBarControlsMessagesAreNotTheWindowsOwn)
