@@ -19,6 +19,7 @@ constexpr char kSettingsTitle[] = "Settings";
 constexpr char kColorTitle[] = "Color";
 constexpr int kRedField = 706; // of the system's dialog; green and blue follow
 constexpr int kNeverAgain = 5555;
+constexpr int kQuestion = 1001;
 constexpr int kOpenDetails = 6006;
 constexpr int kDetailsField = 6005;
 constexpr int kMessageField = 6007;
@@ -359,6 +360,26 @@ TEST_F(WorkbenchDelete, NoKeepsThePictureAndYesTakesItOffTheListOnly)
     PressKey(VK_F5);
     EXPECT_TRUE(Lists({"a.bmp", "b.bmp", "c.bmp"}));
     EXPECT_EQ(Workbench().Chosen(), "c.bmp");
+}
+
+TEST_F(WorkbenchDelete, AnAmpersandInTheNameIsPartOfItAndNotTheMarkOfALetter)
+{
+    WriteTwoColours("a&b.bmp", 40, 40);
+    Start(Folder().string());
+    ASSERT_TRUE(Lists({"a&b.bmp"}));
+    PressKey(VK_DELETE);
+    HWND box = AwaitDialog(kTitle);
+    ASSERT_NE(box, nullptr);
+    HWND text = ::GetDlgItem(box, kQuestion);
+    ASSERT_NE(text, nullptr);
+    EXPECT_EQ(::GetWindowLongA(text, GWL_STYLE) & SS_NOPREFIX, 0) << "so that a single one would be a mark";
+    EXPECT_THAT(TextOf(text), HasSubstr("Delete \"a&&b.bmp\" from the list?"));
+    PressKey('B', {VK_MENU}); // the letter of nothing
+    PressKey('N', {VK_MENU});
+    ASSERT_TRUE(IsGone(box));
+    EXPECT_TRUE(Lists({"a&b.bmp"}));
+    AnswerDelete('Y', false);
+    EXPECT_TRUE(Lists({}));
 }
 
 TEST_F(WorkbenchDelete, OnlyAYesIsRememberedAndTheSettingsBringTheQuestionBack)
