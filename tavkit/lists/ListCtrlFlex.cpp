@@ -457,7 +457,7 @@ BOOL CListCtrlFlex::OnDblClick(NMHDR* pNMHDR, LRESULT* pResult)
 void CListCtrlFlex::OnEdit(int row, int col, bool findNext)
 {
     HWND const list = m_hWnd;
-    if (findNext && !IsEditable(col))
+    if (!IsEditable(col) && findNext)
     {
         auto const next = tavkit::FindEditable({row, col}, GetItemCount(), CountColumns(),
                                                [this](int candidate) { return IsEditable(candidate); });
