@@ -50,7 +50,7 @@ bool ByteWindow::MakeRoom(std::size_t kept, std::size_t wanted) noexcept
     const std::size_t needed = std::min(std::max(kept + wanted, m_room < kept + wanted ? 2 * kept : 0), m_sizes.most);
     if (needed > m_room || m_room / kSpareFactor > needed)
     {
-        std::unique_ptr<char[]> bytes(new (std::nothrow) char[needed + 1]);
+        std::unique_ptr<char[]> bytes(new (std::nothrow) char[needed + ByteStops::kBlock]);
         if (!bytes)
         {
             return false;

@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "host/ByteSource.h"
+#include "host/tables/ByteStops.h"
 
 namespace table
 {
@@ -38,7 +39,8 @@ public:
     ByteWindow& operator=(const ByteWindow&) = delete;
 
     [[nodiscard]] char* Begin() noexcept { return m_begin; }
-    /// Behind the last byte; a NUL stands there, which may be overwritten by another NUL only.
+    /// Behind the last byte; a NUL stands there, which may be overwritten by another NUL only. As many bytes as a
+    /// search by ByteStops looks at at a time can be read from there on.
     [[nodiscard]] char* End() noexcept { return m_end; }
 
     /// Adds bytes behind the end. The window may move in memory; what Begin() gives keeps its meaning.
@@ -66,10 +68,10 @@ private:
     WindowSizes m_sizes;
     std::size_t m_step; ///< how much is read next
     std::size_t m_room = 0;
-    std::unique_ptr<char[]> m_pBytes; ///< m_room bytes and the NUL
-    char m_nothing = '\0';            ///< stands for the window as long as it has no bytes
-    char* m_begin = &m_nothing;
-    char* m_end = &m_nothing;
+    std::unique_ptr<char[]> m_pBytes;    ///< m_room bytes and those that may be read behind them
+    char m_nothing[ByteStops::kBlock]{}; ///< stands for the window as long as it has no bytes
+    char* m_begin = m_nothing;
+    char* m_end = m_nothing;
     bool m_failed = false;
 };
 

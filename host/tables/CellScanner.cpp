@@ -1,25 +1,10 @@
 // CellScanner.cpp
 #include "host/tables/CellScanner.h"
 
-#include <array>
 #include <cstring>
-#include <string_view>
 
 namespace table
 {
-
-/// Bytes at which a search stops.
-struct CellScanner::Stops
-{
-    constexpr explicit Stops(std::string_view others)
-    {
-        for (const char c : others)
-        {
-            isStop[static_cast<unsigned char>(c)] = true;
-        }
-    }
-    std::array<bool, 256> isStop{true}; ///< a NUL always stops: it ends the window
-};
 
 namespace
 {
@@ -29,12 +14,13 @@ constexpr char kEndMark = 0x1A; ///< old programs close a text with it
 } // namespace
 
 CellScanner::CellScanner(host::ByteSource& source, std::uint64_t from, CellStyle style, WindowSizes sizes) noexcept
-    : m_window(source, from, sizes), m_style(style)
+    : m_window(source, from, sizes), m_style(style), m_separator(style == CellStyle::Comma ? ','
+                                                                 : style == CellStyle::Tab ? '\t'
+                                                                                           : '\0'),
+      m_stops(style == CellStyle::Comma ? ",\r\n"
+              : style == CellStyle::Tab ? "\t\r\n"
+                                        : " \t\r\n")
 {
-    static constexpr Stops kCommaStops(",\r\n");
-    static constexpr Stops kTabStops("\t\r\n");
-    static constexpr Stops kBlankStops(" \t\r\n");
-    m_pStops = style == CellStyle::Comma ? &kCommaStops : style == CellStyle::Tab ? &kTabStops : &kBlankStops;
 }
 
 void CellScanner::Forget() noexcept
@@ -66,13 +52,13 @@ CellEnd CellScanner::NextCell() noexcept
     {
         return ReadQuotedCell();
     }
-    const std::size_t end = ScanTo(*m_pStops, m_at);
+    const std::size_t end = ScanTo(m_stops, m_at);
     return EndCell(end, end);
 }
 
 CellEnd CellScanner::ReadQuotedCell() noexcept
 {
-    static constexpr Stops kQuoteStops("\"");
+    static const ByteStops kQuoteStops("\"");
     std::size_t at = m_at + 1;
     m_cell = at;
     std::size_t out = at; // the text moves forward over the quotes that are taken out
@@ -93,7 +79,7 @@ CellEnd CellScanner::ReadQuotedCell() noexcept
         m_window.Begin()[out++] = '"';
         ++at;
     }
-    const std::size_t end = ScanTo(*m_pStops, at);
+    const std::size_t end = ScanTo(m_stops, at);
     Move(out, at, end);
     return EndCell(out + (end - at), end);
 }
@@ -148,16 +134,12 @@ bool CellScanner::HasByte(std::size_t at) noexcept
 }
 
 /// The place of the first stop from `at` on; the end of the text if there is none.
-std::size_t CellScanner::ScanTo(const Stops& stops, std::size_t at) noexcept
+std::size_t CellScanner::ScanTo(const ByteStops& stops, std::size_t at) noexcept
 {
     for (;;)
     {
-        const char* const begin = m_window.Begin();
-        const char* found = begin + at;
-        while (!stops.isStop[static_cast<unsigned char>(*found)])
-        {
-            ++found;
-        }
+        char* const begin = m_window.Begin();
+        char* const found = stops.FindIn(begin + at);
         at = static_cast<std::size_t>(found - begin);
         if (found != m_window.End() || !m_window.More())
         {

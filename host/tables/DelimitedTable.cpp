@@ -14,7 +14,7 @@ namespace
 constexpr WindowSizes kSampleWindow{kTableWindow.first, std::size_t{64} << 10, std::size_t{64} << 10};
 
 /// Goes over the cells of the next line that isn't blank.
-/// @param take  gets the number of the cell in the line; its place is asked of the scanner.
+/// @param take  gets the number of the cell in the line, and its place
 /// @return false if there is no further line, or it can't be read whole.
 template <class Take>
 [[nodiscard]] bool ReadLine(CellScanner& scanner, bool skipBlankLines, Take take)
@@ -22,21 +22,10 @@ template <class Take>
     for (;;)
     {
         scanner.Forget();
-        if (!scanner.BeginLine())
+        std::size_t count = 0;
+        if (!scanner.BeginLine() || !scanner.ReadLine([&](std::size_t place) { take(count++, place); }))
         {
             return false;
-        }
-        std::size_t count = 0;
-        CellEnd end = CellEnd::Cell;
-        while (end == CellEnd::Cell)
-        {
-            end = scanner.NextCell();
-            if (end == CellEnd::Broken)
-            {
-                return false;
-            }
-            take(count);
-            ++count;
         }
         if (!skipBlankLines || count > 1 || !scanner.IsBlank())
         {
@@ -70,12 +59,12 @@ std::unique_ptr<DelimitedTable> DelimitedTable::Open(std::unique_ptr<host::ByteS
 bool DelimitedTable::ReadNames()
 {
     std::size_t count = 0;
-    const bool isRead = ReadLine(m_scanner, true, [&](std::size_t i) {
+    const bool isRead = ReadLine(m_scanner, true, [&](std::size_t i, std::size_t place) {
         count = i + 1;
         m_columns.resize(std::min(count, kMostColumns));
         if (i < kMostColumns)
         {
-            m_columns[i].name = m_scanner.Cell();
+            m_columns[i].name = m_scanner.CellAt(place);
         }
     });
     m_places.resize(m_columns.size());
@@ -96,10 +85,10 @@ void DelimitedTable::RecogniseTypes(CellStyle style)
     bool isRead = true;
     for (std::size_t row = 0; row < kSampleRows && isRead && sample.Position() < end; ++row)
     {
-        isRead = ReadLine(sample, m_skipBlankLines, [&](std::size_t i) {
+        isRead = ReadLine(sample, m_skipBlankLines, [&](std::size_t i, std::size_t place) {
             if (i < guesses.size())
             {
-                guesses[i].Add(sample.Cell());
+                guesses[i].Add(sample.CellAt(place));
             }
         });
     }
@@ -112,10 +101,10 @@ void DelimitedTable::RecogniseTypes(CellStyle style)
 bool DelimitedTable::ReadNextRow()
 {
     std::size_t count = 0;
-    const bool isRead = ReadLine(m_scanner, m_skipBlankLines, [&](std::size_t i) {
+    const bool isRead = ReadLine(m_scanner, m_skipBlankLines, [&](std::size_t i, std::size_t place) {
         if (i < m_places.size())
         {
-            m_places[i] = m_scanner.Place();
+            m_places[i] = place;
             count = i + 1;
         }
     });

@@ -1,8 +1,6 @@
 // ForwardTable.cpp
 #include "host/tables/ForwardTable.h"
 
-#include <utility>
-
 namespace table
 {
 
@@ -18,6 +16,7 @@ bool ForwardTable::ReadRow(int row, int /*nReserved*/)
     {
         m_ended = !ReadNextRow();
         m_row += m_ended ? 0 : 1;
+        m_shown = m_ended ? kNoRow : m_row;
     }
     return !m_ended;
 }
@@ -34,10 +33,12 @@ ADIColType ForwardTable::GetColType(int col, int /*nReserved*/)
 
 char const* ForwardTable::GetCellText(int row, int col, int /*nReserved*/)
 {
-    const bool isThere = row == m_row && row >= 0 && !m_ended && IsColumn(col);
-    return isThere ? m_cells[static_cast<std::size_t>(col)] : "";
+    return row == m_shown && IsColumn(col) ? m_cells[static_cast<std::size_t>(col)] : "";
 }
 
-bool ForwardTable::IsColumn(int col) const noexcept { return col >= 0 && std::cmp_less(col, m_columns.size()); }
+bool ForwardTable::IsColumn(int col) const noexcept
+{
+    return static_cast<std::size_t>(col) < m_cells.size(); // below 0 becomes more than any table has
+}
 
 } // namespace table

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -50,9 +51,12 @@ protected:
     unsigned m_codePage = kSystemCodePage;
 
 private:
+    static constexpr int kNoRow = std::numeric_limits<int>::min();
+
     [[nodiscard]] bool IsColumn(int col) const noexcept;
 
-    int m_row = -1;
+    int m_row = -1;       ///< how far the table is read
+    int m_shown = kNoRow; ///< the row whose cells are there
     bool m_ended = false;
 };
 
