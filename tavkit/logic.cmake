@@ -6,6 +6,8 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/NearestScale.cpp
     drawing/TextBlockMarks.cpp
     layout/WindowRecord.cpp
+    lists/AttrCache.cpp
+    lists/AttrSort.cpp
     lists/ColumnWidths.cpp
     lists/RowText.cpp
     lists/ScanDouble.cpp)
