@@ -205,7 +205,7 @@ void CListCtrlFlex::Sort(int col, bool ascending)
 }
 
 // Reads the cell of every row once.
-// room: (int row) -> std::span<char> that takes the text; take: (ItemRec&, char const* text).
+// room: () -> std::span<char> that takes the next text; take: (ItemRec&), which finds the text there.
 // Returns false if the list is gone.
 template <class Room, class Take>
 bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
@@ -217,7 +217,7 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
     }
     for (int row = 0; row < rows; ++row)
     {
-        std::span<char> const text = room(row);
+        std::span<char> const text = room();
         text[0] = '\0';
         LVITEM item = {};
         item.mask = LVIF_TEXT | LVIF_PARAM;
@@ -241,7 +241,7 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
             RecordOf(item.lParam != kNoParam ? item.lParam : static_cast<LPARAM>(CListCtrl::GetItemData(row)));
         if (record != nullptr)
         {
-            take(*record, text.data());
+            take(*record);
         }
     }
     return true;
@@ -250,10 +250,8 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
 void CListCtrlFlex::SortByNumber(int col, bool ascending)
 {
     char text[tavkit::kNumberRoom];
-    auto const room = [&](int) { return std::span(text); };
-    auto const take = [](ItemRec& record, char const* cell) {
-        record.sort.num = tavkit::ScanDouble(cell).value_or(tavkit::kNoNumber);
-    };
+    auto const room = [&] { return std::span(text); };
+    auto const take = [&](ItemRec& record) { record.sort.num = tavkit::ScanDouble(text).value_or(tavkit::kNoNumber); };
     if (FetchKeys(col, GetItemCount(), room, take))
     {
         SortItems(&CompareNum, ascending);
@@ -263,15 +261,14 @@ void CListCtrlFlex::SortByNumber(int col, bool ascending)
 void CListCtrlFlex::SortByText(int col, bool ascending)
 {
     int const rows = GetItemCount();
-    tavkit::TextSlots const slots(static_cast<std::size_t>(rows), [](std::size_t bytes) {
-        return std::unique_ptr<char[]>(new (std::nothrow) char[bytes]);
-    });
-    if (!slots)
+    tavkit::TextBlock texts(static_cast<std::size_t>(rows),
+                            [](std::size_t bytes) { return std::unique_ptr<char[]>(new (std::nothrow) char[bytes]); });
+    if (!texts)
     {
         return;
     }
-    auto const room = [&](int row) { return slots[static_cast<std::size_t>(row)]; };
-    auto const take = [](ItemRec& record, char const* cell) { record.sort.txt = cell; };
+    auto const room = [&] { return texts.Room(); };
+    auto const take = [&](ItemRec& record) { record.sort.txt = texts.Keep(); };
     if (FetchKeys(col, rows, room, take))
     {
         SortItems(&CompareStr, ascending);

@@ -6,6 +6,7 @@
 #include <limits>
 #include <memory>
 #include <span>
+#include <utility>
 
 namespace tavkit
 {
@@ -33,19 +34,21 @@ inline constexpr std::size_t kTextRoom = 256;
     return ascending ? order >= 0 : order < 0;
 }
 
-/// One block of slots of the same size for the texts of all rows.
-class TextSlots
+/// One block for the texts of all rows, each cut to the size of a slot. The texts stand close together, since a sort
+/// jumps between them all the time; a slot is what none of them takes up more than.
+class TextBlock
 {
 public:
     /// Halves the slots until there is memory for all of them.
     /// @param allocate  (std::size_t bytes) -> std::unique_ptr<char[]>; null when there is no memory
     template <class Allocate>
-    TextSlots(std::size_t count, Allocate allocate)
+    TextBlock(std::size_t count, Allocate allocate)
     {
-        for (m_size = kTextRoom; m_size > 0; m_size /= 2)
+        for (m_slot = kTextRoom; m_slot > 0; m_slot /= 2)
         {
-            if (count <= std::numeric_limits<std::size_t>::max() / m_size && (m_block = allocate(m_size * count)))
+            if (count <= std::numeric_limits<std::size_t>::max() / m_slot && (m_block = allocate(m_slot * count)))
             {
+                m_next = m_block.get();
                 return;
             }
         }
@@ -53,14 +56,15 @@ public:
 
     /// False when there was no memory for even the smallest slots.
     explicit operator bool() const noexcept { return m_block != nullptr; }
-    [[nodiscard]] std::span<char> operator[](std::size_t index) const noexcept
-    {
-        return {m_block.get() + index * m_size, m_size};
-    }
+    /// Room for the next text.
+    [[nodiscard]] std::span<char> Room() const noexcept { return {m_next, m_slot}; }
+    /// Keeps the text that was written into Room(), and moves on; to be called once for each of the texts at most.
+    char const* Keep() noexcept { return std::exchange(m_next, m_next + std::strlen(m_next) + 1); }
 
 private:
     std::unique_ptr<char[]> m_block;
-    std::size_t m_size = 0;
+    char* m_next = nullptr;
+    std::size_t m_slot = 0;
 };
 
 } // namespace tavkit

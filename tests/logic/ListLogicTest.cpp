@@ -8,8 +8,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -133,52 +135,68 @@ TEST(SortedTexts, AreComparedAsUnsignedBytesWithCase)
     EXPECT_EQ(tavkit::CompareTexts("", "a", true), 0);
 }
 
-TEST(TextSlots, Have256BytesEachWhenThereIsMemory)
+TEST(TextBlock, HasRoomFor256BytesEachWhenThereIsMemory)
 {
     std::size_t asked = 0;
-    tavkit::TextSlots const slots(3, [&](std::size_t bytes) {
+    tavkit::TextBlock const texts(3, [&](std::size_t bytes) {
         asked = bytes;
         return std::make_unique<char[]>(bytes);
     });
-    ASSERT_TRUE(slots);
+    ASSERT_TRUE(texts);
     EXPECT_EQ(asked, 3U * 256U);
-    EXPECT_EQ(slots[0].size(), 256U);
-    EXPECT_EQ(slots[2].data() - slots[0].data(), 512);
+    EXPECT_EQ(texts.Room().size(), 256U);
 }
 
-TEST(TextSlots, AreHalvedUntilTheMemorySuffices)
+TEST(TextBlock, HalvesTheRoomUntilTheMemorySuffices)
 {
     std::vector<std::size_t> asked;
-    tavkit::TextSlots const slots(10, [&](std::size_t bytes) {
+    tavkit::TextBlock const texts(10, [&](std::size_t bytes) {
         asked.push_back(bytes);
         return bytes > 400 ? nullptr : std::make_unique<char[]>(bytes);
     });
-    ASSERT_TRUE(slots);
+    ASSERT_TRUE(texts);
     EXPECT_THAT(asked, testing::ElementsAre(2560, 1280, 640, 320));
-    EXPECT_EQ(slots[9].size(), 32U);
+    EXPECT_EQ(texts.Room().size(), 32U);
 }
 
-TEST(TextSlots, AreNoneWhenNothingCanBeHad)
+TEST(TextBlock, IsNoneWhenNothingCanBeHad)
 {
     int asked = 0;
-    tavkit::TextSlots const slots(10, [&](std::size_t) {
+    tavkit::TextBlock const texts(10, [&](std::size_t) {
         ++asked;
         return std::unique_ptr<char[]>();
     });
-    EXPECT_FALSE(slots);
+    EXPECT_FALSE(texts);
     EXPECT_EQ(asked, 9) << "256 down to 1";
 }
 
-TEST(TextSlots, NeverAskForMoreThanASizeCanSay)
+TEST(TextBlock, NeverAsksForMoreThanASizeCanSay)
 {
     std::set<std::size_t> asked;
     std::size_t const count = std::numeric_limits<std::size_t>::max() / 100;
-    tavkit::TextSlots const slots(count, [&](std::size_t bytes) {
+    tavkit::TextBlock const texts(count, [&](std::size_t bytes) {
         asked.insert(bytes / count);
         return std::unique_ptr<char[]>();
     });
-    EXPECT_FALSE(slots);
+    EXPECT_FALSE(texts);
     EXPECT_EQ(*asked.rbegin(), 64U);
+}
+
+TEST(TextBlock, KeepsTextsBehindOneAnotherAndHasRoomForTheLongest)
+{
+    tavkit::TextBlock texts(3, [](std::size_t bytes) { return std::make_unique<char[]>(bytes); });
+    std::vector<char const*> kept;
+    for (std::string const& text : {std::string(255, 'a'), std::string(), std::string(255, 'c')})
+    {
+        ASSERT_LE(text.size() + 1, texts.Room().size());
+        std::ranges::copy(text, texts.Room().begin());
+        texts.Room()[text.size()] = '\0';
+        kept.push_back(texts.Keep());
+    }
+    EXPECT_EQ(kept[0], std::string(255, 'a'));
+    EXPECT_STREQ(kept[1], "");
+    EXPECT_EQ(kept[2], std::string(255, 'c'));
+    EXPECT_EQ(kept[2] - kept[0], 257);
 }
 
 TEST(EditMoves, GoToTheRowAboveAndBelow)
