@@ -48,4 +48,8 @@
 #include "tavkit/lists/ListCtrlFlex.h"
 #include "tavkit/lists/TavListCtrl.h"
 #include "tavkit/lists/TavListCtrlVirtual.h"
+#include "tavkit/trees/TavTreeCtrl.h"
+#include "tavkit/trees/TavTreeCtrlEx.h"
+#include "tavkit/trees/TreeCtrlItr.h"
+#include "tavkit/trees/TreeCursor.h"
 #include "tavkit/widgets/HyperLink.h"

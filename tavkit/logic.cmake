@@ -10,5 +10,6 @@ set(TAVKIT_LOGIC_SOURCES
     lists/AttrSort.cpp
     lists/ColumnWidths.cpp
     lists/RowText.cpp
-    lists/ScanDouble.cpp)
+    lists/ScanDouble.cpp
+    trees/TreeIndex.cpp)
 list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")
