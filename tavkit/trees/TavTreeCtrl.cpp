@@ -105,10 +105,12 @@ LRESULT CTavTreeCtrl::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
         }
         ResetDrag();
         m_hClickItem = nullptr;
+        m_pMend->ForgetHilight();
         m_pFinder->Forget();
     }
+    ItemWatch const watch(*this);
     LRESULT const answer = CTreeCtrl::DefWindowProc(message, wParam, lParam);
-    return tavkit::TreeViewMend::Answer(*this, message, wParam, lParam, answer);
+    return watch.TreeIsThere() ? m_pMend->Answer(*this, message, wParam, lParam, answer) : answer;
 }
 
 LRESULT CTavTreeCtrl::ChangeItems(UINT message, WPARAM wParam, LPARAM lParam)

@@ -112,7 +112,8 @@ public:
     bool DrawPluginIcon(HTREEITEM item, unsigned int iconId, char const* file);
 
     // Hooks. Where there is a `result`, it is 0 on entry, and the parent sees the notification unless it is set to
-    // something else.
+    // something else. What a double click or a context menu hook returns becomes the answer to the control; it counts
+    // if the notification is kept from the parent, or if the parent handles it without an answer of its own.
 
     /// May this item be dragged? Asked once, before a drag begins.
     virtual bool IsDragItem(HTREEITEM item);
@@ -150,6 +151,8 @@ public:
     virtual bool DTCLButtonDown(HTREEITEM item, unsigned int flags, CPoint point);
 
     BOOL PreTranslateMessage(MSG* pMsg) override;
+    /// The tree takes a window over, with whatever is in it.
+    void PreSubclassWindow() override;
 
 protected:
     [[nodiscard]] bool IsInDragMode() const { return m_hDragItem != nullptr; }

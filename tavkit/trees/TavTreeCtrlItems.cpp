@@ -8,6 +8,7 @@
 #include "tavkit/trees/TreeCtrlItr.h"
 #include "tavkit/trees/TreeDrag.h"
 #include "tavkit/trees/TreeFinder.h"
+#include "tavkit/trees/TreeViewMend.h"
 
 namespace
 {
@@ -101,6 +102,12 @@ HTREEITEM CTavTreeCtrl::FindItem(CString const& text)
     return nullptr;
 }
 
+void CTavTreeCtrl::PreSubclassWindow()
+{
+    m_pFinder->Forget(); // what was changed before wasn't seen
+    CTreeCtrl::PreSubclassWindow();
+}
+
 void CTavTreeCtrl::SlctItem(DWORD_PTR data) { SelectItem(FindItem(data)); }
 
 void CTavTreeCtrl::SlctItem(DWORD_PTR data, HTREEITEM start) { SelectItem(FindItem(data, start)); }
@@ -129,6 +136,10 @@ void CTavTreeCtrl::ForgetItems(HTREEITEM root, bool rootToo)
             watch->m_hItem = nullptr;
             watch->m_bDeleted = true;
         }
+    }
+    if (goes(m_pMend->OwnHilight()))
+    {
+        m_pMend->ForgetHilight();
     }
     if (goes(m_hClickItem))
     {

@@ -1,6 +1,7 @@
 #include "tavkit/trees/TreeViewMend.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavkit
 {
@@ -10,6 +11,26 @@ namespace
 constexpr int kTextGap = 3;         // pixels on either side of the text
 constexpr int kMostTextWidth = 480; // pixels; a longer text is cut, or it would hide where it is dropped
 
+bool IsHilighted(CTreeCtrl const& tree, HTREEITEM item)
+{
+    return item != nullptr && tree.GetItemState(item, TVIS_DROPHILITED) != 0;
+}
+
+/// Brings the selected item to the top by way of the next one.
+void ScrollToSelected(CTreeCtrl& tree, HTREEITEM item)
+{
+    HTREEITEM const next = tree.GetNextVisibleItem(item);
+    if (next == nullptr || tree.GetFirstVisibleItem() == item || tree.GetSelectedItem() != item)
+    {
+        return;
+    }
+    tree.SelectSetFirstVisible(next);
+    if (tree.GetFirstVisibleItem() == next) // or else the end of the tree stands at the bottom already
+    {
+        tree.SendMessage(WM_VSCROLL, SB_LINEUP);
+    }
+}
+
 } // namespace
 
 LRESULT TreeViewMend::Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARAM lParam, LRESULT answer)
@@ -17,19 +38,19 @@ LRESULT TreeViewMend::Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARA
     switch (message)
     {
     case TVM_SELECTITEM:
-        if (wParam == TVGN_DROPHILITE && lParam == 0)
+        if (wParam == TVGN_DROPHILITE)
         {
-            if (HTREEITEM const left = tree.GetDropHilightItem())
-            {
-                tree.SetItemState(left, 0, TVIS_DROPHILITED);
-            }
+            Hilight(tree, reinterpret_cast<HTREEITEM>(lParam));
+        }
+        else if (wParam == TVGN_FIRSTVISIBLE && lParam != 0)
+        {
+            ScrollToSelected(tree, reinterpret_cast<HTREEITEM>(lParam));
         }
         return answer;
     case TVM_GETNEXTITEM:
-        if (wParam == TVGN_DROPHILITE && answer != 0 &&
-            tree.GetItemState(reinterpret_cast<HTREEITEM>(answer), TVIS_DROPHILITED) == 0)
+        if (wParam == TVGN_DROPHILITE && !IsHilighted(tree, reinterpret_cast<HTREEITEM>(answer)))
         {
-            return 0;
+            return reinterpret_cast<LRESULT>(m_hHilight);
         }
         return answer;
     case TVM_CREATEDRAGIMAGE: {
@@ -43,6 +64,22 @@ LRESULT TreeViewMend::Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARA
     }
     default:
         return answer;
+    }
+}
+
+void TreeViewMend::Hilight(CTreeCtrl& tree, HTREEITEM item)
+{
+    if (m_hHilight != nullptr && m_hHilight != item)
+    {
+        tree.SetItemState(std::exchange(m_hHilight, nullptr), 0, TVIS_DROPHILITED);
+    }
+    if (HTREEITEM const left = tree.GetDropHilightItem(); left != nullptr && left != item)
+    {
+        tree.SetItemState(left, 0, TVIS_DROPHILITED);
+    }
+    if (item != nullptr && !IsHilighted(tree, item) && tree.SetItemState(item, TVIS_DROPHILITED, TVIS_DROPHILITED))
+    {
+        m_hHilight = item;
     }
 }
 

@@ -6,17 +6,23 @@
 namespace tavkit
 {
 
-/// Wine's tree view falls short of the system's own in four things. Each is mended here by what can be seen of the
-/// control, so that nothing happens where the control does it right:
+/// Wine's tree view falls short of the system's own in what follows. Each is mended by what can be seen of the control,
+/// so that nothing happens where the control does it right:
+/// - the selected item can become neither the drop highlight nor the first visible item;
 /// - taking the drop highlight away leaves it where it is;
-/// - the drop highlight is told to be on an item that was dragged or had it before, without its state bit;
+/// - an item that was dragged, or has lost its highlight, goes on being told as the drop highlight;
 /// - the list made for a drag holds no image;
 /// - an edit that ends by message ends twice, the second time with the text although the user gave up.
 class TreeViewMend
 {
 public:
     /// Looks at what the control has answered. @return the answer to hand on
-    [[nodiscard]] static LRESULT Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARAM lParam, LRESULT answer);
+    [[nodiscard]] LRESULT Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARAM lParam, LRESULT answer);
+
+    /// The item that was highlighted in the control's place; null if there is none.
+    [[nodiscard]] HTREEITEM OwnHilight() const { return m_hHilight; }
+    /// Call before that item goes.
+    void ForgetHilight() { m_hHilight = nullptr; }
 
     /// An image of the item, icon and text, to be dragged; null if none can be made.
     [[nodiscard]] static HIMAGELIST DrawDragImage(CTreeCtrl const& tree, HTREEITEM item);
@@ -29,6 +35,9 @@ public:
     [[nodiscard]] bool EditEnds(HWND edit);
 
 private:
+    void Hilight(CTreeCtrl& tree, HTREEITEM item);
+
+    HTREEITEM m_hHilight = nullptr;
     HWND m_hEnded = nullptr;
 };
 

@@ -216,6 +216,57 @@ TEST_F(TreeDrag, HighlightsATargetAndClearsTheHighlightElsewhere)
     ExpectIdle();
 }
 
+TEST_F(TreeDrag, HighlightsTheSelectedItemLikeAnyOther)
+{
+    m_tree->SelectItem(m_d);
+    m_tree->EnableLeftDrag(true);
+    Pull(m_b);
+    for (HTREEITEM const target : {m_c, m_d, m_a, m_d})
+    {
+        MoveTo(PlaceOf(target));
+        EXPECT_EQ(m_tree->GetDropHilightItem(), target);
+        for (HTREEITEM const item : {m_a, m_b, m_c, m_d})
+        {
+            EXPECT_EQ(m_tree->GetItemState(item, TVIS_DROPHILITED) != 0, item == target);
+        }
+    }
+    MoveTo(EmptyPlace());
+    EXPECT_EQ(m_tree->GetItemState(m_d, TVIS_DROPHILITED), 0U);
+    MoveTo(PlaceOf(m_d));
+    m_tree->DeleteItem(m_d);
+    EXPECT_EQ(m_tree->GetDropHilightItem(), nullptr);
+    Release();
+    ExpectIdle();
+}
+
+TEST_F(TreeDrag, ScrollsPastTheSelectedItem)
+{
+    std::vector<HTREEITEM> const rows = FillWithRows();
+    m_tree->SelectItem(rows[2]);
+    m_tree->EnableLeftDrag(true);
+    Pull(rows[5]);
+    for (int i = 1; i <= 4; ++i)
+    {
+        MoveTo(ScreenPlace(40 + i, 300));
+        EXPECT_EQ(m_tree->GetFirstVisibleItem(), rows[static_cast<std::size_t>(i)]);
+    }
+    for (int i = 3; i >= 0; --i)
+    {
+        MoveTo(ScreenPlace(40 + i, -10));
+        EXPECT_EQ(m_tree->GetFirstVisibleItem(), rows[static_cast<std::size_t>(i)]);
+    }
+    Release();
+    m_tree->SelectItem(rows.back());
+    m_tree->EnsureVisible(rows.back());
+    HTREEITEM const first = m_tree->GetFirstVisibleItem();
+    for (HTREEITEM const item : {rows.back(), rows[58], rows[57]})
+    {
+        m_tree->SelectItem(item);
+        m_tree->SelectSetFirstVisible(item);
+        EXPECT_EQ(m_tree->GetFirstVisibleItem(), first) << "never past the end";
+    }
+}
+
 TEST_F(TreeDrag, DropsOnATarget)
 {
     m_tree->EnableLeftDrag(true);

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <functional>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -153,7 +154,8 @@ protected:
         {
             m_reached.emplace_back(message, wParam);
         }
-        m_pressed = m_pressed || message == WM_RBUTTONDOWN;
+        m_pressed =
+            m_pressed || message == WM_LBUTTONDBLCLK || message == WM_RBUTTONDOWN || message == WM_RBUTTONDBLCLK;
         return CTavTreeCtrl::DefWindowProc(message, wParam, lParam);
     }
 };
@@ -172,8 +174,9 @@ public:
         }
         return count;
     }
-    int m_menusAsked = 0;     ///< WM_CONTEXTMENU
-    bool m_takesKeys = false; ///< eats WM_KEYDOWN and WM_CHAR before anybody else, as a dialog does
+    std::map<UINT, LRESULT> m_results; ///< by notification, what the tree had set its result to
+    int m_menusAsked = 0;              ///< WM_CONTEXTMENU
+    bool m_takesKeys = false;          ///< eats WM_KEYDOWN and WM_CHAR before anybody else, as a dialog does
     int m_keysTaken = 0;
     std::function<void(NMHDR*)> m_notified; ///< at every notification, before the tree
 
@@ -201,6 +204,7 @@ protected:
         if (HIWORD(nCode) == WM_NOTIFY && pExtra != nullptr)
         {
             m_seen.push_back(static_cast<AFX_NOTIFY*>(pExtra)->pNMHDR->code);
+            m_results[m_seen.back()] = *static_cast<AFX_NOTIFY*>(pExtra)->pResult;
         }
         return TestFrame::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
     }

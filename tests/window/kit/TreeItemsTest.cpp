@@ -1,0 +1,833 @@
+// TreeItemsTest.cpp - items of a tree: adding, finding, walking, glyphs
+
+#include "TreeFixture.h"
+
+#include "Picture.h"
+#include "support/TempFolder.h"
+
+#include <random>
+
+using testing::ElementsAre;
+
+namespace
+{
+
+/// The first item with that data, found message by message as any program could.
+HTREEITEM WalkTo(HWND tree, DWORD_PTR data, HTREEITEM root = nullptr)
+{
+    auto const next = [&](WPARAM code, HTREEITEM item) {
+        return reinterpret_cast<HTREEITEM>(::SendMessageA(tree, TVM_GETNEXTITEM, code, reinterpret_cast<LPARAM>(item)));
+    };
+    HTREEITEM item = root != nullptr ? root : next(TVGN_ROOT, nullptr);
+    while (item != nullptr)
+    {
+        TVITEM query{};
+        query.mask = TVIF_PARAM;
+        query.hItem = item;
+        ::SendMessageA(tree, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&query));
+        if (static_cast<DWORD_PTR>(query.lParam) == data)
+        {
+            return item;
+        }
+        HTREEITEM following = next(TVGN_CHILD, item);
+        while (following == nullptr && item != nullptr && item != root)
+        {
+            following = next(TVGN_NEXT, item);
+            item = following == nullptr ? next(TVGN_PARENT, item) : item;
+        }
+        item = following;
+    }
+    return nullptr;
+}
+
+class TreeItems : public TreeTest
+{
+protected:
+    void SetUp() override
+    {
+        TreeTest::SetUp();
+        Open();
+    }
+
+    // a 1
+    // +- b 2
+    // |  +- c 3
+    // +- d 4
+    // e 3
+    void Fill()
+    {
+        m_a = Add("a", TVI_ROOT, 1);
+        m_b = Add("b", m_a, 2);
+        m_c = Add("c", m_b, 3);
+        m_d = Add("d", m_a, 4);
+        m_e = Add("e", TVI_ROOT, 3);
+    }
+
+    /// Looks for what isn't there until the tree is surely learned.
+    void Learn()
+    {
+        for (int i = 0; i < 3; ++i)
+        {
+            EXPECT_EQ(m_tree->FindItem(DWORD_PTR(0xDEAD)), nullptr);
+        }
+    }
+
+    /// Messages that a search sends to the control.
+    template <class Search>
+    int Cost(Search search)
+    {
+        m_tree->m_reached.clear();
+        search();
+        return m_tree->Reached(TVM_GETITEMA) + m_tree->Reached(TVM_GETNEXTITEM);
+    }
+
+    HTREEITEM m_a = nullptr;
+    HTREEITEM m_b = nullptr;
+    HTREEITEM m_c = nullptr;
+    HTREEITEM m_d = nullptr;
+    HTREEITEM m_e = nullptr;
+};
+
+TEST_F(TreeItems, AnItemIsAddedWithTextAndDataInItsPlace)
+{
+    Fill();
+    auto const pointer = reinterpret_cast<DWORD_PTR>(this);
+    HTREEITEM const first = m_tree->AddItem("first", pointer, m_a, TVI_FIRST);
+    HTREEITEM const middle = m_tree->AddItem("middle", 8, m_a, m_b);
+    EXPECT_EQ(m_tree->GetChildItem(m_a), first);
+    EXPECT_EQ(m_tree->GetNextSiblingItem(first), m_b);
+    EXPECT_EQ(m_tree->GetNextSiblingItem(m_b), middle);
+    EXPECT_EQ(m_tree->GetNextSiblingItem(middle), m_d) << "TVI_LAST";
+    EXPECT_EQ(m_tree->GetNextSiblingItem(m_a), m_e);
+    HTREEITEM const sorted = m_tree->AddItem("3", 9, m_b, TVI_SORT);
+    EXPECT_EQ(m_tree->GetChildItem(m_b), sorted);
+    EXPECT_STREQ(m_tree->GetItemText(first), "first");
+    EXPECT_EQ(m_tree->GetItemData(first), pointer) << "as wide as a pointer";
+    EXPECT_EQ(m_tree->GetItemData(nullptr), 0U);
+}
+
+TEST_F(TreeItems, TheCurrentDataIsThatOfTheSelectedItem)
+{
+    Fill();
+    EXPECT_EQ(m_tree->GetCrntData(), 0U);
+    m_tree->SelectItem(m_d);
+    EXPECT_EQ(m_tree->GetCrntData(), 4U);
+    m_tree->SelectItem(nullptr);
+    EXPECT_EQ(m_tree->GetCrntData(), 0U);
+}
+
+TEST_F(TreeItems, GetTheDefaultImageOnlyInATreeWithAnImageList)
+{
+    HTREEITEM const before = Add("before");
+    m_tree->InitImages();
+    m_tree->DrawRect(before, RGB(1, 2, 3), RGB(4, 5, 6));
+    HTREEITEM const after = Add("after");
+    int image = -1;
+    int selected = -1;
+    m_tree->GetItemImage(after, image, selected);
+    EXPECT_EQ(image, 0);
+    EXPECT_EQ(selected, 0);
+    m_tree->GetItemImage(before, image, selected);
+    EXPECT_EQ(image, 1);
+    EXPECT_EQ(selected, 1);
+}
+
+// --- by place
+
+TEST_F(TreeItems, AreFoundByAPlaceOnTheScreen)
+{
+    Fill();
+    support::Settle();
+    EXPECT_EQ(m_tree->GetItem(CPoint(PlaceOf(m_e))), m_e);
+    EXPECT_EQ(m_tree->GetItem(CPoint(EmptyPlace())), nullptr);
+    EXPECT_EQ(m_tree->GetItem(CPoint(ScreenPlace(-1, ClientPlaceOf(m_e).y))), nullptr) << "left of the window";
+    EXPECT_EQ(m_tree->GetItem(CPoint(0, 0)), nullptr);
+    TVITEM item{};
+    item.mask = TVIF_PARAM;
+    item.hItem = m_d;
+    EXPECT_TRUE(m_tree->GetItem(&item)) << "the framework's operation of that name stays";
+    EXPECT_EQ(item.lParam, 4);
+}
+
+// --- by data
+
+TEST_F(TreeItems, AreFoundByTheirDataTheFirstInWalkingOrder)
+{
+    Fill();
+    for (int round = 0; round < 3; ++round) // before and after the tree is learned
+    {
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1)), m_a);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(4)), m_d);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3)), m_c) << "not the second one, higher up";
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(5)), nullptr);
+        Learn();
+    }
+}
+
+TEST_F(TreeItems, AreFoundByDataFromAnItemDown)
+{
+    Fill();
+    for (int round = 0; round < 3; ++round)
+    {
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(2), m_b), m_b) << "itself included";
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3), m_a), m_c);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(4), m_b), nullptr) << "a later brother matches, but stands outside";
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3), m_d), nullptr);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3), m_e), m_e);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(4), m_e), nullptr);
+        Learn();
+    }
+}
+
+TEST_F(TreeItems, TheRootAndNullStandForTheWholeTree)
+{
+    Fill();
+    for (int round = 0; round < 3; ++round)
+    {
+        for (HTREEITEM const start : {static_cast<HTREEITEM>(TVI_ROOT), static_cast<HTREEITEM>(nullptr)})
+        {
+            EXPECT_EQ(m_tree->FindItem(DWORD_PTR(4), start), m_d);
+            EXPECT_EQ(m_tree->FindItem(DWORD_PTR(5), start), nullptr);
+        }
+        Learn();
+    }
+}
+
+TEST_F(TreeItems, OfAnEmptyTreeOrOneWithoutAWindowAreNotFound)
+{
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(0)), nullptr);
+    EXPECT_EQ(m_tree->FindItem(CString("")), nullptr);
+    Fill();
+    Learn();
+    m_tree->DestroyWindow();
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1)), nullptr);
+    EXPECT_EQ(m_tree->FindItem(CString("a")), nullptr);
+    CTavTreeCtrl never;
+    EXPECT_EQ(never.FindItem(DWORD_PTR(0)), nullptr);
+    EXPECT_EQ(never.GetItemData(nullptr), 0U);
+    EXPECT_EQ(never.GetCrntData(), 0U);
+}
+
+TEST_F(TreeItems, OnceTheTreeIsLearnedASearchAsksTheControlNothing)
+{
+    for (DWORD_PTR i = 0; i < 500; ++i)
+    {
+        Add("x", TVI_ROOT, i);
+    }
+    Learn();
+    EXPECT_EQ(Cost([&] { EXPECT_NE(m_tree->FindItem(DWORD_PTR(499)), nullptr); }), 0);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), nullptr); }), 0);
+    HTREEITEM const more = Add("more", TVI_ROOT, 1000);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), more); }), 0);
+    m_tree->SetItemData(more, 2000);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(2000)), more); }), 0);
+    m_tree->DeleteItem(more);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(2000)), nullptr); }), 0);
+}
+
+TEST_F(TreeItems, AFirstSearchLearnsNothingSoThatATreeSearchedOnceCostsOneWalk)
+{
+    for (DWORD_PTR i = 0; i < 100; ++i)
+    {
+        Add("x", TVI_ROOT, i);
+    }
+    int const found = Cost([&] { EXPECT_NE(m_tree->FindItem(DWORD_PTR(9)), nullptr); });
+    EXPECT_LE(found, 10 * 3 + 1) << "it ends with the item";
+}
+
+TEST_F(TreeItems, AWindowThatIsOnlyAttachedIsSearchedAnewEachTime)
+{
+    HWND const raw =
+        ::CreateWindowExA(0, WC_TREEVIEWA, "", WS_CHILD, 0, 0, 50, 50, *m_frame, nullptr, nullptr, nullptr);
+    CTavTreeCtrl tree;
+    ASSERT_TRUE(tree.Attach(raw));
+    TVINSERTSTRUCT insert{};
+    insert.hParent = TVI_ROOT;
+    insert.item.mask = TVIF_PARAM;
+    for (LPARAM data = 1; data <= 5; ++data)
+    {
+        insert.item.lParam = data;
+        auto const item =
+            reinterpret_cast<HTREEITEM>(::SendMessageA(raw, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+        EXPECT_EQ(tree.FindItem(DWORD_PTR(99)), nullptr);
+        EXPECT_EQ(tree.FindItem(static_cast<DWORD_PTR>(data)), item);
+    }
+    tree.DestroyWindow();
+}
+
+TEST_F(TreeItems, OfASubclassedWindowAreFoundThoughTheyWereThereBefore)
+{
+    HWND const raw =
+        ::CreateWindowExA(0, WC_TREEVIEWA, "", WS_CHILD, 0, 0, 50, 50, *m_frame, nullptr, nullptr, nullptr);
+    TVINSERTSTRUCT insert{};
+    insert.hParent = TVI_ROOT;
+    insert.item.mask = TVIF_PARAM;
+    auto const add = [&](LPARAM data) {
+        insert.item.lParam = data;
+        return reinterpret_cast<HTREEITEM>(::SendMessageA(raw, TVM_INSERTITEMA, 0, reinterpret_cast<LPARAM>(&insert)));
+    };
+    HTREEITEM const before = add(1);
+    CTavTreeCtrl tree;
+    ASSERT_TRUE(tree.SubclassWindow(raw));
+    for (int i = 0; i < 4; ++i)
+    {
+        EXPECT_EQ(tree.FindItem(DWORD_PTR(1)), before);
+        EXPECT_EQ(tree.FindItem(DWORD_PTR(2)), nullptr);
+    }
+    tree.UnsubclassWindow();
+    HTREEITEM const between = add(2); // unseen
+    ASSERT_TRUE(tree.SubclassWindow(raw));
+    EXPECT_EQ(tree.FindItem(DWORD_PTR(2)), between);
+    tree.DestroyWindow();
+}
+
+/// A tree that is changed in every way a program can, and searched in between.
+TEST_F(TreeItems, AreFoundAsByAPlainWalkAfterAnyChanges)
+{
+    constexpr DWORD_PTR kValues = 40; // some shared, some with one item, some with none
+    std::mt19937 random(23);
+    auto const pick = [&](std::size_t below) {
+        return std::uniform_int_distribution<std::size_t>(0, below - 1)(random);
+    };
+    HWND const window = m_tree->m_hWnd;
+    std::vector<HTREEITEM> items;
+    auto const collect = [&] {
+        items.clear();
+        CTreeCtrlItr itr(m_tree.get(), nullptr);
+        for (itr.Frst(); itr.Cont(); itr.Next())
+        {
+            items.push_back(*itr);
+        }
+    };
+    auto const any = [&] { return items[pick(items.size())]; };
+    auto const send = [&](UINT message, WPARAM wParam, void const* data) {
+        return ::SendMessageA(window, message, wParam, reinterpret_cast<LPARAM>(data));
+    };
+    for (int step = 0; step < 1500; ++step)
+    {
+        collect();
+        switch (items.size() < 5 ? 0 : pick(14))
+        {
+        case 0:
+        case 1:
+        case 2:
+        case 3:
+        case 4: {
+            TVINSERTSTRUCTW insert{};
+            insert.hParent = items.empty() || pick(3) == 0 ? TVI_ROOT : any();
+            HTREEITEM const places[] = {TVI_FIRST, TVI_LAST, TVI_SORT};
+            insert.hInsertAfter = places[pick(3)];
+            bool const hasData = pick(5) != 0;
+            insert.item.mask = static_cast<UINT>(TVIF_TEXT | (hasData ? TVIF_PARAM : 0));
+            insert.item.lParam = static_cast<LPARAM>(pick(kValues));
+            std::string text(1, static_cast<char>('a' + pick(26)));
+            std::wstring wide(text.begin(), text.end());
+            bool const isWide = pick(2) == 0;
+            insert.item.pszText = isWide ? wide.data() : reinterpret_cast<wchar_t*>(text.data());
+            ASSERT_NE(send(isWide ? TVM_INSERTITEMW : TVM_INSERTITEMA, 0, &insert), 0);
+            break;
+        }
+        case 5:
+        case 6:
+        case 7: {
+            TVITEMW item{};
+            item.mask = static_cast<UINT>(TVIF_STATE | (pick(4) != 0 ? TVIF_PARAM : 0));
+            item.hItem = any();
+            item.lParam = static_cast<LPARAM>(pick(kValues));
+            send(pick(2) == 0 ? TVM_SETITEMW : TVM_SETITEMA, 0, &item);
+            break;
+        }
+        case 8:
+        case 9:
+            m_tree->DeleteItem(any());
+            break;
+        case 10:
+            send(TVM_SORTCHILDREN, 0, pick(2) == 0 ? TVI_ROOT : any());
+            break;
+        case 11: {
+            TVSORTCB sort{};
+            sort.hParent = pick(2) == 0 ? TVI_ROOT : any();
+            sort.lpfnCompare = [](LPARAM left, LPARAM right, LPARAM) { return static_cast<int>(right - left); };
+            send(TVM_SORTCHILDRENCB, 0, &sort);
+            break;
+        }
+        case 12:
+            send(TVM_EXPAND, pick(2) == 0 ? TVE_COLLAPSE | TVE_COLLAPSERESET : TVE_TOGGLE, any());
+            break;
+        default:
+            if (pick(20) == 0)
+            {
+                send(TVM_DELETEITEM, 0, TVI_ROOT);
+            }
+            break;
+        }
+        collect();
+        for (int search = 0; search < 3; ++search)
+        {
+            DWORD_PTR const data = pick(kValues);
+            HTREEITEM const start = items.empty() || pick(2) == 0 ? nullptr : any();
+            ASSERT_EQ(m_tree->FindItem(data, start), WalkTo(window, data, start)) << "step " << step;
+        }
+    }
+}
+
+TEST_F(TreeItems, AreFoundWhileTheControlIsInTheMidstOfAChange)
+{
+    // The parent is asked for texts while an item is sorted in, and told of each deletion; it searches and changes.
+    Fill();
+    Learn();
+    HWND const window = m_tree->m_hWnd;
+    int asked = 0;
+    m_frame->m_notified = [&](NMHDR* header) {
+        if (header->code == static_cast<UINT>(TVN_GETDISPINFO))
+        {
+            auto& info = *reinterpret_cast<NMTVDISPINFO*>(header);
+            if ((info.item.mask & TVIF_TEXT) != 0)
+            {
+                static char text[] = "m";
+                info.item.pszText = text;
+            }
+            ++asked;
+            EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3)), WalkTo(window, 3));
+            if (asked == 2)
+            {
+                m_tree->SetItemData(m_e, 77);
+            }
+        }
+        else if (header->code == static_cast<UINT>(TVN_DELETEITEM) && asked < 1000)
+        {
+            asked = 1000; // once
+            m_tree->SetItemData(m_e, 88);
+            m_tree->AddItem("late", 99, TVI_ROOT, TVI_LAST);
+        }
+    };
+    for (int i = 0; i < 4; ++i)
+    {
+        TVINSERTSTRUCT insert{};
+        insert.hParent = m_a;
+        insert.hInsertAfter = TVI_SORT;
+        insert.item.mask = TVIF_TEXT | TVIF_PARAM;
+        insert.item.pszText = LPSTR_TEXTCALLBACK;
+        insert.item.lParam = 50 + i;
+        HTREEITEM const item = m_tree->InsertItem(&insert);
+        ASSERT_NE(item, nullptr);
+        EXPECT_EQ(m_tree->FindItem(static_cast<DWORD_PTR>(50 + i)), item);
+    }
+    ASSERT_GE(asked, 2);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(77)), m_e);
+    m_tree->DeleteItem(m_b);
+    EXPECT_EQ(asked, 1000);
+    for (int round = 0; round < 4; ++round)
+    {
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(88)), m_e);
+        EXPECT_NE(m_tree->FindItem(DWORD_PTR(99)), nullptr);
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(3)), nullptr) << "it stood under the deleted one";
+        EXPECT_EQ(m_tree->FindItem(DWORD_PTR(77)), nullptr);
+    }
+    m_frame->m_notified = nullptr;
+}
+
+// --- by text
+
+TEST_F(TreeItems, AreFoundByTheirWholeTextTheFirstInWalkingOrder)
+{
+    Fill();
+    HTREEITEM const upper = Add("A");
+    HTREEITEM const longer = Add("cc");
+    HTREEITEM const again = Add("c");
+    HTREEITEM const empty = Add("");
+    EXPECT_NE(again, nullptr);
+    EXPECT_EQ(m_tree->FindItem(CString("A")), upper) << "upper and lower case differ";
+    EXPECT_EQ(m_tree->FindItem(CString("a")), m_a);
+    EXPECT_EQ(m_tree->FindItem(CString("c")), m_c);
+    EXPECT_EQ(m_tree->FindItem(CString("cc")), longer);
+    EXPECT_EQ(m_tree->FindItem(CString("ccc")), nullptr);
+    EXPECT_EQ(m_tree->FindItem(CString("")), empty);
+    EXPECT_EQ(m_tree->FindItem(CString(static_cast<char const*>(nullptr))), empty) << "no text is an empty one";
+}
+
+TEST_F(TreeItems, KeepTextsOf300CharactersAndOfEveryByte)
+{
+    std::string const longText(300, 'q');
+    HTREEITEM const shorter = Add(longText.substr(0, 299).c_str());
+    HTREEITEM const exact = Add(longText.c_str());
+    Add((longText + "q").c_str());
+    EXPECT_EQ(m_tree->FindItem(CString(longText.c_str())), exact) << "a text that is cut off isn't the same";
+    EXPECT_EQ(m_tree->FindItem(CString(longText.substr(0, 299).c_str())), shorter);
+    EXPECT_EQ(m_tree->GetItemText(exact).GetLength(), 300);
+    m_tree->DeleteAllItems();
+    std::string all;
+    std::vector<HTREEITEM> single(256);
+    for (int c = 1; c < 256; ++c)
+    {
+        std::string const text(1, static_cast<char>(c));
+        all += text;
+        single[static_cast<std::size_t>(c)] = Add(text.c_str());
+    }
+    HTREEITEM const whole = Add(all.c_str());
+    EXPECT_STREQ(m_tree->GetItemText(whole), all.c_str());
+    EXPECT_EQ(m_tree->FindItem(CString(all.c_str())), whole);
+    for (int c = 1; c < 256; ++c)
+    {
+        EXPECT_EQ(m_tree->FindItem(CString(std::string(1, static_cast<char>(c)).c_str())),
+                  single[static_cast<std::size_t>(c)])
+            << c;
+    }
+}
+
+TEST_F(TreeItems, AreFoundByTextsThatTheParentSupplies)
+{
+    Fill();
+    HTREEITEM const supplied = m_tree->InsertItem(LPSTR_TEXTCALLBACK, TVI_ROOT, TVI_LAST);
+    HTREEITEM const pointed = m_tree->InsertItem(LPSTR_TEXTCALLBACK, TVI_ROOT, TVI_LAST);
+    m_frame->m_notified = [&](NMHDR* header) {
+        if (header->code == static_cast<UINT>(TVN_GETDISPINFO))
+        {
+            auto& item = reinterpret_cast<NMTVDISPINFO*>(header)->item;
+            if ((item.mask & TVIF_TEXT) != 0)
+            {
+                static char own[] = "own";
+                item.hItem == pointed ? void(item.pszText = own)
+                                      : void(::lstrcpynA(item.pszText, "supplied", item.cchTextMax));
+            }
+        }
+    };
+    EXPECT_EQ(m_tree->FindItem(CString("supplied")), supplied);
+    EXPECT_EQ(m_tree->FindItem(CString("own")), pointed);
+    m_frame->m_notified = nullptr;
+}
+
+TEST_F(TreeItems, TheParentMayDeleteTheItemWhoseTextItIsAskedFor)
+{
+    Fill();
+    HTREEITEM const shy = m_tree->InsertItem(LPSTR_TEXTCALLBACK, m_b, TVI_LAST);
+    Add("behind");
+    m_frame->m_notified = [&](NMHDR* header) {
+        if (header->code == static_cast<UINT>(TVN_GETDISPINFO) &&
+            reinterpret_cast<NMTVDISPINFO*>(header)->item.hItem == shy)
+        {
+            m_frame->m_notified = nullptr;
+            m_tree->DeleteItem(m_b);
+        }
+    };
+    EXPECT_EQ(m_tree->FindItem(CString("behind")), nullptr);
+    EXPECT_NE(m_tree->FindItem(CString("behind")), nullptr) << "the next search is undisturbed";
+}
+
+// --- selecting
+
+TEST_F(TreeItems, AreSelectedByDataAndByText)
+{
+    Fill();
+    m_tree->SlctItem(DWORD_PTR(4));
+    EXPECT_EQ(m_tree->GetSelectedItem(), m_d);
+    m_tree->SlctItem(DWORD_PTR(3), m_e);
+    EXPECT_EQ(m_tree->GetSelectedItem(), m_e);
+    m_tree->SlctItem(CString("c"));
+    EXPECT_EQ(m_tree->GetSelectedItem(), m_c);
+}
+
+TEST_F(TreeItems, AFailedSearchSelectsNothing)
+{
+    Fill();
+    for (int kind = 0; kind < 3; ++kind)
+    {
+        m_tree->SelectItem(m_d);
+        switch (kind)
+        {
+        case 0:
+            m_tree->SlctItem(DWORD_PTR(99));
+            break;
+        case 1:
+            m_tree->SlctItem(DWORD_PTR(4), m_e);
+            break;
+        default:
+            m_tree->SlctItem(CString("nowhere"));
+            break;
+        }
+        EXPECT_EQ(m_tree->GetSelectedItem(), nullptr) << kind;
+    }
+}
+
+// --- walking
+
+TEST_F(TreeItems, AreWalkedOverInOrder)
+{
+    Fill();
+    auto const walk = [&](HTREEITEM root) {
+        std::vector<HTREEITEM> order;
+        CTreeCtrlItr itr(m_tree.get(), root);
+        for (itr.Frst(); itr.Cont(); itr.Next())
+        {
+            EXPECT_EQ(itr.Crnt(), *itr);
+            order.push_back(itr.Crnt());
+        }
+        itr.Next();
+        EXPECT_FALSE(itr.Cont()) << "a walk that has ended stays ended";
+        return order;
+    };
+    EXPECT_THAT(walk(nullptr), ElementsAre(m_a, m_b, m_c, m_d, m_e));
+    EXPECT_THAT(walk(m_a), ElementsAre(m_a, m_b, m_c, m_d));
+    EXPECT_THAT(walk(m_b), ElementsAre(m_b, m_c));
+    EXPECT_THAT(walk(m_c), ElementsAre(m_c));
+    m_tree->DeleteAllItems();
+    EXPECT_THAT(walk(nullptr), testing::IsEmpty());
+}
+
+TEST_F(TreeItems, AWalkIsAValue)
+{
+    Fill();
+    CTreeCtrlItr itr(m_tree.get(), m_a);
+    itr.Frst();
+    itr.Next();
+    CTreeCtrlItr copy(nullptr, nullptr);
+    copy = itr;
+    itr.Next();
+    EXPECT_EQ(*copy, m_b);
+    EXPECT_EQ(*itr, m_c);
+    copy.Next();
+    copy.Next();
+    EXPECT_EQ(*copy, m_d);
+    copy.Next();
+    EXPECT_FALSE(copy.Cont()) << "it took over the root too";
+}
+
+TEST_F(TreeItems, AWalkOverNoTreeIsEmpty)
+{
+    CTreeCtrlItr itr(nullptr, nullptr);
+    itr.Frst();
+    EXPECT_FALSE(itr.Cont());
+    itr.Next();
+    EXPECT_EQ(itr.Crnt(), nullptr);
+    Fill();
+    CTreeCtrlItr rooted(nullptr, m_a);
+    rooted.Frst();
+    EXPECT_FALSE(rooted.Cont());
+}
+
+// --- glyphs
+
+constexpr COLORREF kFill = RGB(200, 40, 10);
+constexpr COLORREF kBorder = RGB(10, 20, 210);
+constexpr COLORREF kBar = RGB(255, 0, 0);
+constexpr COLORREF kGreenIconColor = RGB(0x10, 0xC0, 0x20);
+constexpr UINT kGreenIcon = 7101; // in this program's resources
+constexpr UINT kNoSuchIcon = 7199;
+
+std::string ThisProgram()
+{
+    char path[MAX_PATH];
+    ::GetModuleFileNameA(nullptr, path, MAX_PATH);
+    return path;
+}
+
+class TreeGlyphs : public TreeItems
+{
+protected:
+    void SetUp() override
+    {
+        TreeItems::SetUp();
+        Fill();
+    }
+    void TearDown() override
+    {
+        m_picture.reset();
+        TreeItems::TearDown();
+    }
+    /// The item's image, which is its selected image too.
+    [[nodiscard]] int ImageOf(HTREEITEM item) const
+    {
+        int image = -2;
+        int selected = -3;
+        EXPECT_TRUE(m_tree->GetItemImage(item, image, selected));
+        EXPECT_EQ(image, selected);
+        return image;
+    }
+    [[nodiscard]] Picture const& Draw(HTREEITEM item)
+    {
+        m_picture.emplace(16, 16, RGB(255, 0, 255));
+        m_tree->GetImageList(TVSIL_NORMAL)->Draw(m_picture->DC(), ImageOf(item), CPoint(0, 0), ILD_NORMAL);
+        return *m_picture;
+    }
+    static COLORREF Paper() { return ::GetSysColor(COLOR_WINDOW); }
+
+private:
+    std::optional<Picture> m_picture;
+};
+
+TEST_F(TreeGlyphs, ACircleFillsItsImage)
+{
+    m_tree->InitImages();
+    m_tree->DrawCircle(m_b, kFill, kBorder, false);
+    Picture const& picture = Draw(m_b);
+    EXPECT_EQ(picture.At(8, 7), kFill);
+    EXPECT_EQ(picture.At(1, 7), kBorder);
+    EXPECT_EQ(picture.At(8, 1), kBorder);
+    EXPECT_EQ(picture.At(0, 7), Paper());
+    EXPECT_EQ(picture.At(1, 1), Paper());
+}
+
+TEST_F(TreeGlyphs, ABarredCircleIsCrossedByARedLine)
+{
+    m_tree->InitImages();
+    m_tree->DrawCircle(m_b, kFill, kBorder, true);
+    Picture const& picture = Draw(m_b);
+    EXPECT_EQ(picture.At(8, 7), kBar);
+    EXPECT_EQ(picture.At(8, 6), RGB(255, 255, 255));
+    EXPECT_EQ(picture.At(8, 4), kFill);
+    m_tree->DrawCircle(m_c, kFill, kBorder, false);
+    EXPECT_NE(ImageOf(m_c), ImageOf(m_b));
+}
+
+TEST_F(TreeGlyphs, ASmallCircleIsSmaller)
+{
+    m_tree->InitImages();
+    m_tree->DrawCircleSmall(m_b, kFill, kBorder);
+    Picture const& picture = Draw(m_b);
+    EXPECT_EQ(picture.At(8, 7), kFill);
+    EXPECT_EQ(picture.At(3, 7), kBorder);
+    EXPECT_EQ(picture.At(1, 7), Paper());
+}
+
+TEST_F(TreeGlyphs, ARectangleLeavesAMarginOfTwo)
+{
+    m_tree->InitImages();
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    Picture const& picture = Draw(m_b);
+    EXPECT_EQ(picture.At(2, 2), kBorder);
+    EXPECT_EQ(picture.At(13, 13), kBorder);
+    EXPECT_EQ(picture.At(3, 3), kFill);
+    EXPECT_EQ(picture.At(14, 14), Paper());
+    EXPECT_EQ(picture.At(1, 8), Paper());
+}
+
+TEST_F(TreeGlyphs, AreShownInTheTree)
+{
+    m_tree->InitImages();
+    m_tree->DrawRect(m_e, kFill, kBorder);
+    support::Settle();
+    CRect text;
+    m_tree->GetItemRect(m_e, text, TRUE);
+    int const middle = text.CenterPoint().y;
+    bool shown = false;
+    for (int x = 0; x < text.left; ++x)
+    {
+        shown = shown || support::ClientPixel(m_tree->m_hWnd, x, middle) == kFill;
+    }
+    EXPECT_TRUE(shown);
+}
+
+TEST_F(TreeGlyphs, OnePairOfColoursIsOneImage)
+{
+    m_tree->InitImages();
+    m_tree->DrawCircle(m_a, kFill, kBorder, false);
+    m_tree->DrawCircle(m_b, kFill, kBorder, false);
+    EXPECT_EQ(ImageOf(m_a), ImageOf(m_b));
+    m_tree->DrawCircleSmall(m_c, kFill, kBorder);
+    EXPECT_EQ(ImageOf(m_c), ImageOf(m_a)) << "at the size of the first";
+    m_tree->DrawRect(m_d, kFill, kBorder);
+    EXPECT_NE(ImageOf(m_d), ImageOf(m_a));
+    EXPECT_EQ(m_tree->GetImageList(TVSIL_NORMAL)->GetImageCount(), 3);
+}
+
+TEST_F(TreeGlyphs, WithoutAnImageListNothingIsDrawn)
+{
+    int const before = ImageOf(m_b);
+    m_tree->DrawCircle(m_b, kFill, kBorder, false);
+    m_tree->DrawCircleSmall(m_b, kFill, kBorder);
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    EXPECT_TRUE(m_tree->DrawIcon(m_b, kGreenIcon, nullptr)) << "nothing to do is done";
+    EXPECT_TRUE(m_tree->DrawIcon(m_b, kNoSuchIcon, "no such file"));
+    EXPECT_TRUE(m_tree->DrawPluginIcon(m_b, kNoSuchIcon, "no such file"));
+    EXPECT_EQ(ImageOf(m_b), before);
+    EXPECT_EQ(m_tree->GetImageList(TVSIL_NORMAL), nullptr);
+}
+
+TEST_F(TreeGlyphs, InitImagesMakesTheListOnceAndAlwaysHandsItToTheTree)
+{
+    m_tree->InitImages();
+    CImageList* const list = m_tree->GetImageList(TVSIL_NORMAL);
+    ASSERT_NE(list, nullptr);
+    HIMAGELIST const handle = *list;
+    EXPECT_EQ(list->GetImageCount(), 1) << "the default image";
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    m_tree->SetImageList(nullptr, TVSIL_NORMAL);
+    m_tree->InitImages();
+    EXPECT_EQ(m_tree->GetImageList(TVSIL_NORMAL)->GetSafeHandle(), handle);
+    EXPECT_EQ(list->GetImageCount(), 2) << "what was drawn is still there";
+}
+
+TEST_F(TreeGlyphs, AnImageListComesFromABitmapToo)
+{
+    constexpr UINT kStrip = 584; // of the library, in tiles of 16 pixels
+    m_tree->InitImages(kStrip, 16, 4, RGB(255, 0, 255));
+    CImageList* const list = m_tree->GetImageList(TVSIL_NORMAL);
+    ASSERT_NE(list, nullptr);
+    HIMAGELIST const handle = *list;
+    int const images = list->GetImageCount();
+    EXPECT_GT(images, 1);
+    HTREEITEM const added = Add("added");
+    EXPECT_EQ(ImageOf(added), 0);
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    EXPECT_EQ(ImageOf(m_b), images) << "glyphs go behind the bitmap's images";
+    EXPECT_NE(Draw(m_b).At(3, 3), Paper());
+    m_tree->InitImages();
+    m_tree->InitImages(kStrip, 16, 4, RGB(255, 0, 255));
+    EXPECT_EQ(m_tree->GetImageList(TVSIL_NORMAL)->GetSafeHandle(), handle);
+}
+
+TEST_F(TreeGlyphs, AreGoneAfterClearing)
+{
+    m_tree->InitImages();
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    m_tree->ClearImages();
+    EXPECT_EQ(m_tree->GetImageList(TVSIL_NORMAL)->GetImageCount(), 0);
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    EXPECT_EQ(ImageOf(m_b), 0);
+}
+
+TEST_F(TreeGlyphs, AnIconComesFromTheProgramOrFromAFile)
+{
+    m_tree->InitImages();
+    EXPECT_TRUE(m_tree->DrawIcon(m_b, kGreenIcon, nullptr));
+    EXPECT_EQ(Draw(m_b).At(8, 8), kGreenIconColor);
+    EXPECT_TRUE(m_tree->DrawIcon(m_c, kGreenIcon, ThisProgram().c_str()));
+    EXPECT_EQ(Draw(m_c).At(8, 8), kGreenIconColor);
+    EXPECT_NE(ImageOf(m_c), ImageOf(m_b));
+}
+
+TEST_F(TreeGlyphs, AMissingIconLeavesTheItemAlone)
+{
+    m_tree->InitImages();
+    m_tree->DrawRect(m_b, kFill, kBorder);
+    int const before = ImageOf(m_b);
+    EXPECT_FALSE(m_tree->DrawIcon(m_b, kGreenIcon, "C:\\no such folder\\no.dll"));
+    EXPECT_FALSE(m_tree->DrawIcon(m_b, kNoSuchIcon, ThisProgram().c_str()));
+    EXPECT_FALSE(m_tree->DrawPluginIcon(m_b, kGreenIcon, "no such plugin.dll"));
+    EXPECT_EQ(ImageOf(m_b), before);
+}
+
+TEST_F(TreeGlyphs, APluginsIconIsFoundInThePluginFolderByItsName)
+{
+    support::TempFolder const folder;
+    ASSERT_TRUE(::CreateDirectoryA(folder.Path("plugins").c_str(), nullptr));
+    std::string const plugin = folder.Path("plugins\\icons.dll");
+    ASSERT_TRUE(::CopyFileA(ThisProgram().c_str(), plugin.c_str(), FALSE));
+    m_tree->InitImages();
+    {
+        InstallDirScope const scope(folder.Path("").c_str());
+        EXPECT_TRUE(m_tree->DrawPluginIcon(m_b, kGreenIcon, "icons.dll"));
+        EXPECT_EQ(Draw(m_b).At(8, 8), kGreenIconColor);
+        EXPECT_TRUE(m_tree->DrawPluginIcon(m_c, kGreenIcon, "D:\\elsewhere\\icons.dll")) << "only the name counts";
+        EXPECT_EQ(ImageOf(m_c), ImageOf(m_b)) << "it is the same file";
+        EXPECT_FALSE(m_tree->DrawPluginIcon(m_d, kGreenIcon, "others.dll"));
+        EXPECT_TRUE(m_tree->DrawPluginIcon(m_d, kGreenIcon, ThisProgram().c_str())) << "a file that exists is taken";
+        EXPECT_NE(ImageOf(m_d), ImageOf(m_b));
+        EXPECT_TRUE(m_tree->DrawPluginIcon(m_e, kGreenIcon, nullptr)) << "no file is the program's resources";
+        EXPECT_TRUE(m_tree->DrawPluginIcon(m_e, kGreenIcon, ""));
+        EXPECT_EQ(Draw(m_e).At(8, 8), kGreenIconColor);
+    }
+    ::DeleteFileA(plugin.c_str());
+}
+
+} // namespace
