@@ -64,9 +64,16 @@ setup() {
     tools/wine/prefix.sh || fail "The Wine prefix could not be made; see build/wine/prefix.log."
 }
 
+# The resource compiler hands paths to a shell as they are; blanks and letters of any kind it can take.
+check_place() {
+    [[ "$PWD" =~ [\(\)\<\>\&\;\|\$\`\"\'\*\?\\] ]] &&
+        fail "This folder can't be built in: its path has a character that means something to a shell. Move it: $PWD"
+}
+
 configure_and_build() {
     local preset="$1"
     shift
+    check_place
     if [ ! -f "build/$preset/build.ninja" ]; then
         say "Configuring $preset"
         cmake --preset "$preset" >"build/$preset.log" 2>&1 || {
@@ -133,6 +140,20 @@ tour() {
     echo "Pictures and index.html are in $folder."
 }
 
+# A prefix of the person's own: what he sets there reaches no test, and what the tests need doesn't bother him.
+make_desktop_prefix() {
+    export WINEPREFIX="$TAVKIT_WINE_DIR/user"
+    if [ ! -f "$WINEPREFIX/.desktop" ]; then
+        rm -rf "$WINEPREFIX"
+        cp -a "$TAVKIT_GOLDEN" "$WINEPREFIX"
+        map_checkout "$WINEPREFIX"
+        timeout 60 wine regedit /S "$(win_path tools/wine/desktop.reg)" >"$TAVKIT_WINE_DIR/desktop.log" 2>&1 </dev/null ||
+            fail "The settings of the desktop could not be made; see $TAVKIT_WINE_DIR/desktop.log."
+        touch "$WINEPREFIX/.desktop"
+    fi
+    map_checkout "$WINEPREFIX"
+}
+
 run_workbench() {
     if [ -z "${DISPLAY:-}" ]; then
         [ $# -eq 0 ] || fail "There is no display to show $1 on."
@@ -142,10 +163,8 @@ run_workbench() {
     fi
     build win64
     say "Opening the workbench"
-    # A prefix of the user's own: what he sets there reaches no test.
-    export WINEPREFIX="$TAVKIT_WINE_DIR/user"
-    [ -d "$WINEPREFIX" ] || cp -a "$TAVKIT_GOLDEN" "$WINEPREFIX"
     trap 'wineserver -k >/dev/null 2>&1' EXIT
+    make_desktop_prefix
     /usr/lib/wine/wine64 build/win64/bin/Workbench.exe "$(win_path "${1:-samples}")" >out/workbench.log 2>&1 </dev/null ||
         fail "The workbench ended with an error on the display $DISPLAY; see out/workbench.log."
 }
@@ -153,7 +172,7 @@ run_workbench() {
 bench() {
     build win64
     say "Measuring"
-    TAVKIT_RUN_SECONDS=1800 tools/wine/run.sh build/win64/bin/tavkit_bench.exe "$@"
+    TAVKIT_RUN_SECONDS=1800 TAVKIT_RUN_ALONE=1 tools/wine/run.sh build/win64/bin/tavkit_bench.exe "$@"
 }
 
 mkdir -p build out

@@ -1,5 +1,5 @@
 # Sourced by the other scripts: where the private Wine installation of this checkout lives, and its environment.
-TAVKIT_ROOT="$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)"
+TAVKIT_ROOT="$(CDPATH='' cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd -P)"
 TAVKIT_WINE_DIR="${TAVKIT_WINE_DIR:-$TAVKIT_ROOT/build/wine}"
 TAVKIT_GOLDEN="$TAVKIT_WINE_DIR/golden"
 
@@ -10,8 +10,21 @@ export WINEDLLOVERRIDES="mscoree,mshtml,winedbg.exe,winhlp32.exe="
 # The ANSI code page follows the locale: pinned to 1252.
 export LANG=C.UTF-8 LC_ALL=C.UTF-8
 
+# Makes this checkout the drive T: of a prefix. Programs that know only the ANSI code page find it there whatever
+# letters its path has.
+map_checkout() { ln -sfn "$TAVKIT_ROOT" "$1/dosdevices/t:"; }
+
 # The path as Windows programs see it.
-win_path() { local p; p="$(realpath -m -- "$1")"; printf 'Z:%s' "${p//\//\\}"; }
+win_path() {
+    local path
+    path="$(realpath -m -- "$1")"
+    case "$path/" in
+    "$TAVKIT_ROOT/") path="T:/" ;;
+    "$TAVKIT_ROOT"/*) path="T:${path#"$TAVKIT_ROOT"}" ;;
+    *) path="Z:$path" ;;
+    esac
+    printf '%s' "${path//\//\\}"
+}
 
 # start_screen: a private X server on a free display; sets DISPLAY and SCREEN_PID.
 start_screen() {

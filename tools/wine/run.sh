@@ -4,7 +4,8 @@
 # "[finished N]": the code that Wine hands on is not safe after a crash.
 #
 #   TAVKIT_RUN_SECONDS   time limit (600)
-#   TAVKIT_RUN_CPU       processor to pin to (any free one)
+#   TAVKIT_RUN_CPU       processor to pin to (any free one; when none is free, one that is shared)
+#   TAVKIT_RUN_ALONE     1: wait for a free processor rather than share one; for measurements
 #   TAVKIT_RUN_MARK      0: the program prints no closing mark; trust Wine's exit code
 set -uo pipefail
 source "$(dirname "${BASH_SOURCE[0]}")/env.sh"
@@ -27,23 +28,46 @@ finish() {
 trap finish EXIT
 trap 'exit 130' INT TERM HUP
 
-# One processor for the program, its Wine server and its X server: everything that talks to the window server is two
-# to six times slower, and uneven, when they are spread out. The first free slot is taken.
-cpu="${TAVKIT_RUN_CPU:-}"
-if [ -z "$cpu" ]; then
-    for ((n = 0; n < $(nproc); n++)); do
-        exec {slot}>"$TAVKIT_WINE_DIR/cpu$n.lock"
-        if flock -n "$slot"; then
-            cpu=$n
-            break
-        fi
+# The numbers of the processors that this process may use: "0-2,5" gives 0, 1, 2 and 5.
+processors() {
+    local range
+    for range in $(sed -n 's/^Cpus_allowed_list:[[:space:]]*//p' /proc/self/status | tr ',' ' '); do
+        seq "${range%-*}" "${range#*-}"
+    done
+}
+
+# Locks the first free processor until this script ends, and sets cpu to its number.
+take_processor() {
+    local all
+    mapfile -t all < <(processors)
+    for cpu in "${all[@]}"; do
+        exec {slot}>"$TAVKIT_WINE_DIR/cpu$cpu.lock"
+        flock -n "$slot" && return
         exec {slot}>&-
     done
-fi
-[ -n "$cpu" ] && taskset -p -c "$cpu" $$ >/dev/null 2>&1
+    cpu="${all[RANDOM % ${#all[@]}]}"
+    if [ "${TAVKIT_RUN_ALONE:-0}" = 1 ]; then
+        echo "Every processor has another run: waiting for the end of the one on processor $cpu." >&2
+        exec {slot}>"$TAVKIT_WINE_DIR/cpu$cpu.lock"
+        flock "$slot"
+    else
+        echo "Every processor has another run: sharing processor $cpu." >&2
+    fi
+}
+
+# One processor for the program, its Wine server and its X server: everything that talks to the window server is two
+# to six times slower, and uneven, when they are spread out.
+cpu="${TAVKIT_RUN_CPU:-}"
+[ -n "$cpu" ] || take_processor
+taskset -p -c "$cpu" $$ >/dev/null || echo "This run isn't pinned to a processor." >&2
 
 cp -al "$TAVKIT_GOLDEN" "$run/prefix"
 cp --remove-destination "$TAVKIT_GOLDEN"/*.reg "$run/prefix/"
+map_checkout "$run/prefix"
+# A person's folders (documents, pictures, ...) lead into the home otherwise: what lies there is no matter of a run.
+find "$run/prefix/drive_c/users" -mindepth 2 -maxdepth 2 -type l -print0 | while IFS= read -r -d '' link; do
+    rm "$link" && mkdir "$link"
+done
 export WINEPREFIX="$run/prefix"
 start_screen || exit 1
 wineserver -p >/dev/null 2>&1 </dev/null
@@ -53,10 +77,17 @@ TAVKIT_SAMPLES="$(win_path "$TAVKIT_ROOT/samples")"
 TAVKIT_OUT="$(win_path "${TAVKIT_OUT_DIR:-$TAVKIT_ROOT/out}")"
 mkdir -p "${TAVKIT_OUT_DIR:-$TAVKIT_ROOT/out}"
 
+# Files and folders that the caller names as this system does.
+arguments=()
+for argument in "$@"; do
+    [[ "$argument" == /* && -e "$argument" ]] && argument="$(win_path "$argument")"
+    arguments+=("$argument")
+done
+
 # Output goes to a file, never into a pipe: Wine's services inherit a pipe and keep its reader waiting for ever. The
 # program runs in the background, so that an interrupt is taken at once.
 : >"$run/output"
-timeout -k 10 "${TAVKIT_RUN_SECONDS:-600}" /usr/lib/wine/wine64 "$program" "$@" >"$run/output" 2>&1 </dev/null &
+timeout -k 10 "${TAVKIT_RUN_SECONDS:-600}" /usr/lib/wine/wine64 "$program" "${arguments[@]}" >"$run/output" 2>&1 </dev/null &
 PROGRAM_PID=$!
 tail -n +1 -f --pid="$PROGRAM_PID" -s 0.1 "$run/output" &
 SHOW_PID=$!
