@@ -4,7 +4,15 @@
 #include "afxdefs.h"
 #include <cstdarg>
 
+class CString;
 struct AFX_STRING_BUFFER;
+
+/// A class, of another library say, that turns itself into a CString.
+template <class T>
+concept AfxStringSource = requires(const T& source)
+{
+    source.operator CString();
+};
 
 /// Text of single bytes in the ANSI code page. Positions and lengths count bytes; positions start at 0.
 /// Null texts read as "". Out of memory throws CMemoryException and leaves the string as it was.
@@ -19,6 +27,11 @@ public:
     CString(TCHAR ch, int nRepeat = 1);
     /// @param nLength  bytes to take, also behind a zero byte; 0 or less gives ""
     CString(LPCTSTR lpch, int nLength);
+    // A class that turns itself into a CString and into a plain text leaves no choice open: the CString is taken.
+    template <AfxStringSource T>
+    CString(const T& source) : CString(source.operator CString())
+    {
+    }
     ~CString();
 
     CString& operator=(const CString& stringSrc) noexcept;
@@ -26,6 +39,11 @@ public:
     /// The source may be a part of this string.
     CString& operator=(LPCTSTR lpsz);
     CString& operator=(TCHAR ch);
+    template <AfxStringSource T>
+    CString& operator=(const T& source)
+    {
+        return *this = source.operator CString();
+    }
 
     operator LPCTSTR() const noexcept { return m_pszData; }
     LPCTSTR GetString() const noexcept { return m_pszData; }
@@ -42,6 +60,11 @@ public:
     CString& operator+=(const CString& string);
     CString& operator+=(LPCTSTR lpsz);
     CString& operator+=(TCHAR ch);
+    template <AfxStringSource T>
+    CString& operator+=(const T& source)
+    {
+        return *this += source.operator CString();
+    }
     /// Appends nLength bytes; the source may be a part of this string.
     void Append(LPCTSTR lpch, int nLength);
     void Append(LPCTSTR lpsz) { *this += lpsz; }

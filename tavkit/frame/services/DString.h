@@ -107,10 +107,9 @@ public:
     }
     /// The text, never null; valid until the string changes.
     [[nodiscard]] char const* c_str() const noexcept { return m_pText ? m_pText : ""; }
-    /// As c_str(); explicit, so that a value handed to the framework's string has one way to go.
-    explicit operator char const*() const noexcept { return c_str(); }
+    operator char const*() const noexcept { return c_str(); } ///< as c_str()
 #ifdef _WIN32
-    operator CString() const { return CString(c_str()); }
+    operator CString() const { return CString(c_str()); } ///< a copy of the text
 #endif
 
     // Exact comparison of bytes; null equals "".

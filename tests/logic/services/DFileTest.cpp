@@ -111,6 +111,15 @@ TEST(DFileValue, NullIsAnEmptyNameAndCopiesAreTheirOwn)
     EXPECT_THAT(first.GetMoniker().c_str(), StrEq("d\\a.tif"));
 }
 
+TEST(DFileValue, TakesTheHostsStringAsItIs)
+{
+    const DString path("C:\\d\\a.tif");
+    EXPECT_TRUE(DFile(path).GetPhysFilePath() == "C:\\d\\");
+    DFile file("b.tif");
+    file.ChngDir(DFile(path).GetPhysFilePath());
+    EXPECT_TRUE(file.GetMoniker() == "C:\\d\\b.tif");
+}
+
 TEST(DFileValue, LivesInAGrowingArray)
 {
     DVectorSafe<DFile> files;

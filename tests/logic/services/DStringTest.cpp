@@ -49,13 +49,27 @@ TEST(DStringValue, OneThatWasNeverAssignedIsANullPointerAndReadsAsEmpty)
     EXPECT_EQ(text.GetAllocSize(), 0u);
 }
 
+TEST(DStringValue, ConvertsToPlainTextWhereverOneIsTaken)
+{
+    const DString none;
+    const DString some("Tavia");
+    EXPECT_EQ(std::strlen(none), 0u);
+    EXPECT_EQ(std::strlen(some), 5u);
+    char const* const text = some;
+    EXPECT_THAT(text, StrEq("Tavia"));
+    EXPECT_TRUE("Tavia" == some);
+    EXPECT_TRUE(some != "tavia");
+}
+
 #ifdef _WIN32
 TEST(DStringValue, ConvertsToTheFrameworksStringByCopying)
 {
     const CString none = DString();
     EXPECT_TRUE(none.IsEmpty());
-    const CString some = DString("Tavia");
+    CString some(DString("Tavia"));
     EXPECT_THAT(static_cast<LPCTSTR>(some), StrEq("Tavia"));
+    some = DString("Tavi");
+    some += DString("a");
     EXPECT_TRUE(DString("Tavia") == some);
     EXPECT_TRUE(DString("tavia") != some);
 }

@@ -59,6 +59,30 @@ TEST(StringConstruction, AMovedFromStringIsEmptyAndUsable)
     EXPECT_EQ(source, "again");
 }
 
+namespace
+{
+/// A class that turns itself into a string and into a plain text, as that of another library may.
+struct Convertible
+{
+    operator CString() const { return "string"; }
+    operator LPCTSTR() const { return "text"; }
+};
+} // namespace
+
+TEST(StringConstruction, OfAClassThatAlsoTurnsIntoPlainTextTakesItsString)
+{
+    const Convertible source;
+    CString made(source);
+    EXPECT_STREQ(made, "string");
+    const CString copied = source;
+    EXPECT_STREQ(copied, "string");
+    made = "old ";
+    made += source;
+    EXPECT_STREQ(made, "old string");
+    made = source;
+    EXPECT_STREQ(made, "string");
+}
+
 TEST(StringSharing, ACopySharesTheTextUntilOneOfThemWrites)
 {
     CString first("text");
