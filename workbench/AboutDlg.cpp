@@ -82,13 +82,6 @@ BOOL AboutArea::OnEraseBkgnd(CDC*) { return TRUE; }
 
 AboutDlg::AboutDlg(CWnd* parent) : CDialog(IDD_ABOUT, parent), m_version(("Version " + ProgramVersion()).c_str()) {}
 
-BOOL AboutDlg::OnInitDialog()
-{
-    CDialog::OnInitDialog();
-    CenterWindow();
-    return TRUE;
-}
-
 void AboutDlg::DoDataExchange(CDataExchange* exchange)
 {
     CDialog::DoDataExchange(exchange);

@@ -22,8 +22,6 @@ class AboutDlg : public CDialog
 public:
     explicit AboutDlg(CWnd* parent);
 
-    BOOL OnInitDialog() override;
-
 protected:
     void DoDataExchange(CDataExchange* exchange) override;
 

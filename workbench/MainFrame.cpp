@@ -37,21 +37,6 @@ enum StatusPart
 };
 constexpr std::array<int, statusParts> kStatusUnits{0, 80, 90, 48};
 
-/// The details of a failure, over the middle of the main window.
-class FailureDlg : public DlgMsgDetails
-{
-public:
-    using DlgMsgDetails::DlgMsgDetails;
-
-protected:
-    BOOL OnInitDialog() override
-    {
-        const BOOL result = DlgMsgDetails::OnInitDialog();
-        CenterWindow();
-        return result;
-    }
-};
-
 CRect StartRect(const DialogUnits& units)
 {
     CRect work;
@@ -509,7 +494,7 @@ void MainFrame::OnViewDetails()
         const CWaitCursor wait;
         details = DescribeFailure(m_pictures.PathOf(static_cast<size_t>(index)));
     }
-    FailureDlg(kTitle, m_view.Message().c_str(), details.c_str(), this).DoModal();
+    DlgMsgDetails(kTitle, m_view.Message().c_str(), details.c_str(), this).DoModal();
 }
 
 void MainFrame::OnHelpAbout() { AboutDlg(this).DoModal(); }

@@ -14,25 +14,34 @@ constexpr UINT kFirstCommandId = 0x8000;
 /// Result of a dialog that couldn't be shown.
 constexpr int kNotShown = -1;
 
-/// Only WM_INITDIALOG comes this far: all else goes through the object's window procedure.
-INT_PTR CALLBACK DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+/// What the first words of a template say, plain or extended.
+struct TemplatePlace
 {
-    if (message != WM_INITDIALOG)
+    DWORD style;
+    POINT origin; ///< dialog units
+};
+
+TemplatePlace PlaceIn(LPCDLGTEMPLATE lpTemplate)
+{
+    // The extended form begins with these two words, which no style of the plain form is.
+    constexpr WORD kVersion = 1;
+    constexpr WORD kExtended = 0xFFFF;
+    constexpr size_t kStyle = 6; // word indices in the extended form
+    constexpr size_t kOrigin = 9;
+    const auto* const words = reinterpret_cast<const WORD*>(lpTemplate);
+    if (words[0] == kVersion && words[1] == kExtended)
     {
-        return FALSE;
+        return {MAKELONG(words[kStyle], words[kStyle + 1]),
+                {static_cast<short>(words[kOrigin]), static_cast<short>(words[kOrigin + 1])}};
     }
-    CWnd* const wnd = CWnd::FromHandlePermanent(hWnd);
-    auto* const dialog = DYNAMIC_DOWNCAST(CDialog, wnd);
-    if (dialog == nullptr)
-    {
-        return TRUE;
-    }
-    MSG msg = {};
-    msg.hwnd = hWnd;
-    msg.message = message;
-    msg.wParam = wParam;
-    msg.lParam = lParam;
-    return AfxGuardHandler(msg, [&] { return static_cast<LRESULT>(dialog->OnInitDialog()); });
+    return {lpTemplate->style, {lpTemplate->x, lpTemplate->y}};
+}
+
+bool LeavesPlaceOpen(LPCDLGTEMPLATE lpTemplate)
+{
+    const TemplatePlace place = PlaceIn(lpTemplate);
+    return (place.style & (DS_CENTER | DS_CENTERMOUSE | DS_ABSALIGN)) == 0 && place.origin.x == 0 &&
+           place.origin.y == 0;
 }
 
 LPCDLGTEMPLATE FindTemplate(LPCTSTR name, HINSTANCE& instance)
@@ -78,6 +87,39 @@ HWND TopLevelOf(HWND hWnd)
     return top;
 }
 } // namespace
+
+/// Only WM_INITDIALOG comes this far: all else goes through the object's window procedure.
+INT_PTR CALLBACK CDialog::DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    if (message != WM_INITDIALOG)
+    {
+        return FALSE;
+    }
+    CWnd* const wnd = CWnd::FromHandlePermanent(hWnd);
+    auto* const dialog = DYNAMIC_DOWNCAST(CDialog, wnd);
+    if (dialog == nullptr)
+    {
+        return TRUE;
+    }
+    MSG msg = {};
+    msg.hwnd = hWnd;
+    msg.message = message;
+    msg.wParam = wParam;
+    msg.lParam = lParam;
+    return AfxGuardHandler(msg, [&] {
+        CRect before;
+        ::GetWindowRect(hWnd, before);
+        const BOOL result = dialog->OnInitDialog();
+        CRect after;
+        const bool alive = ::GetWindowRect(hWnd, after) && CWnd::FromHandlePermanent(hWnd) == dialog;
+        if (alive && after.TopLeft() == before.TopLeft() && (dialog->GetStyle() & (WS_VISIBLE | WS_CHILD)) == 0 &&
+            !::IsIconic(::GetWindow(hWnd, GW_OWNER)) && dialog->CheckAutoCenter())
+        {
+            dialog->CenterWindow();
+        }
+        return static_cast<LRESULT>(result);
+    });
+}
 
 IMPLEMENT_DYNAMIC(CDialog, CWnd)
 
@@ -161,9 +203,10 @@ BOOL CDialog::InitModalIndirect(HGLOBAL hDialogTemplate, CWnd* pParentWnd)
 BOOL CDialog::CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, HINSTANCE hInst)
 {
     ASSERT(m_hWnd == nullptr);
+    m_bPlaceOpen = LeavesPlaceOpen(lpDialogTemplate);
     const HWND parent = (pParentWnd != nullptr ? pParentWnd : AfxGetMainWnd())->GetSafeHwnd();
     AfxHookWindowCreate(this);
-    const HWND hWnd = ::CreateDialogIndirectParamA(hInst, lpDialogTemplate, parent, &DialogProc, 0);
+    const HWND hWnd = ::CreateDialogIndirectParamA(hInst, lpDialogTemplate, parent, &CDialog::DialogProc, 0);
     // Only an object that never met its window is still there for certain.
     if (!AfxUnhookWindowCreate())
     {
@@ -335,6 +378,8 @@ BOOL CDialog::OnInitDialog()
     }
     return TRUE;
 }
+
+BOOL CDialog::CheckAutoCenter() { return m_bPlaceOpen; }
 
 void CDialog::OnOK()
 {

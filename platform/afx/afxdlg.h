@@ -56,6 +56,11 @@ public:
     virtual void OnCancel();
 
 protected:
+    /// Asked when OnInitDialog has left the dialog hidden where its template put it.
+    /// @return TRUE to centre it as CenterWindow does; here: if the template puts it at (0, 0) and has no style that
+    /// says otherwise (DS_CENTER, DS_CENTERMOUSE, DS_ABSALIGN).
+    virtual BOOL CheckAutoCenter();
+
     LPCTSTR m_lpszTemplateName = nullptr;        ///< name or number of the template, or null
     HGLOBAL m_hDialogTemplate = nullptr;         ///< template in a memory handle, or null
     LPCDLGTEMPLATE m_lpDialogTemplate = nullptr; ///< template in memory, or null
@@ -69,8 +74,10 @@ protected:
     DECLARE_MESSAGE_MAP()
 
 private:
+    static INT_PTR CALLBACK DialogProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);
     BOOL CreateDlgIndirect(LPCDLGTEMPLATE lpDialogTemplate, CWnd* pParentWnd, HINSTANCE hInst);
 
     CString m_strTemplateName; ///< holds a template name that is a text
+    bool m_bPlaceOpen = false; ///< the template leaves the place to the framework
     HWND m_hWndTop = nullptr;  ///< top-level parent that PreModal disabled
 };

@@ -44,6 +44,8 @@ BOOL cdxCDynamicDialog::DestroyWindow()
     return CBCGDialog::DestroyWindow();
 }
 
+BOOL cdxCDynamicDialog::CheckAutoCenter() { return FALSE; }
+
 void cdxCDynamicDialog::OnDestroy()
 {
     DoOnDestroy();

@@ -30,6 +30,9 @@ public:
     using CBCGDialog::operator HWND;
 
 protected:
+    /// FALSE: the remembered place decides, and without one the dialog stays where its template puts it.
+    BOOL CheckAutoCenter() override;
+
     void OnDestroy();
     void OnParentNotify(UINT message, LPARAM lParam);
     void OnGetMinMaxInfo(MINMAXINFO* pMMI);

@@ -23,6 +23,17 @@ public:
         Text(title);
     }
 
+    /// An empty dialog by an extended template.
+    /// @param x, y  dialog units
+    static DialogTemplate Extended(DWORD style, WORD x, WORD y)
+    {
+        DialogTemplate made;
+        constexpr WORD kVersion = 1;
+        constexpr WORD kSignature = 0xFFFF;
+        made.m_words = {kVersion, kSignature, 0, 0, 0, 0, LOWORD(style), HIWORD(style), 0, x, y, 160, 80, 0, 0, 0};
+        return made;
+    }
+
     DialogTemplate& Item(std::string_view cls, std::string_view text, WORD id, DWORD style, short x, short y,
                          short cx = 50, short cy = 14)
     {
@@ -49,6 +60,8 @@ public:
     [[nodiscard]] size_t Bytes() const { return m_words.size() * sizeof(WORD); }
 
 private:
+    DialogTemplate() = default;
+
     void Append(const void* data, size_t bytes)
     {
         const size_t before = m_words.size();
