@@ -90,7 +90,7 @@ DHstg::~DHstg() = default;
 
 std::unique_ptr<DHstg> DHstg::FromValues(DMITypes::RDIDataType type, void const* values, std::size_t count, int slots)
 {
-    if (!values || count == 0 || slots < 1)
+    if (!values || count == 0 || slots < 1 || slots > kMaxSlots)
     {
         return nullptr;
     }
@@ -114,7 +114,7 @@ std::unique_ptr<DHstg> DHstg::FromValues(DMITypes::RDIDataType type, void const*
     }
     catch (std::bad_alloc const&)
     {
-        // More slots than there is memory: no histogram.
+        // No memory: no histogram.
     }
     return nullptr;
 }

@@ -3,6 +3,8 @@
 
 #include <afxwin.h>
 #include <afxcmn.h>
+#include <afxext.h>
+#include <afxole.h>
 
 #include "tavkit/frame/services/ADIFile.h"
 #include "tavkit/frame/services/BDIDrvr.h"

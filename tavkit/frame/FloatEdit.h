@@ -47,9 +47,9 @@ public:
     bool IsClipboardOK();
 
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override;
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
 
 protected:
-    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
 
 private:

@@ -13,6 +13,8 @@
 class TAVHOST_API DHstg
 {
 public:
+    static constexpr int kMaxSlots = 65536; ///< one for each value of 16 bits; FromValues makes no more
+
     /// Takes the counts as they are; negative ones count as 0.
     /// @param lowest, highest  ends of the range; taken in order whichever way round they are given.
     DHstg(double lowest, double highest, std::span<int const> counts);
@@ -23,8 +25,9 @@ public:
     /// Counts the values of a raster channel between the lowest and the highest of them.
     /// @param type     type of the values; every element type of a channel.
     /// @param values   @p count values of that type, borrowed; floating values that aren't finite are left out.
-    /// @param slots    number of slots, at least 1.
-    /// @return null for an unknown type, no slot, a null pointer with a count, or without a single finite value.
+    /// @param slots    number of slots, 1 to kMaxSlots.
+    /// @return null for an unknown type, a number of slots outside, a null pointer with a count, or without a single
+    /// finite value.
     static std::unique_ptr<DHstg> FromValues(DMITypes::RDIDataType type, void const* values, std::size_t count,
                                              int slots);
 

@@ -250,6 +250,8 @@ TEST(DHstgFromValues, RefusesWhatMakesNoHistogram)
     EXPECT_THAT(DHstg::FromValues(DMITypes::rdiUInt8, &value, 0, 4), IsNull());
     EXPECT_THAT(DHstg::FromValues(DMITypes::rdiUInt8, &value, 1, 0), IsNull());
     EXPECT_THAT(DHstg::FromValues(DMITypes::rdiUInt8, &value, 1, -1), IsNull());
+    EXPECT_THAT(DHstg::FromValues(DMITypes::rdiUInt8, &value, 1, DHstg::kMaxSlots + 1), IsNull());
+    EXPECT_EQ(DHstg::FromValues(DMITypes::rdiUInt8, &value, 1, DHstg::kMaxSlots)->m_nSlots, DHstg::kMaxSlots);
     const auto unknown = std::bit_cast<DMITypes::RDIDataType>(3);
     EXPECT_THAT(DHstg::FromValues(unknown, &value, 1, 4), IsNull());
 }
