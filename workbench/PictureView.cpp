@@ -176,6 +176,10 @@ void PictureView::PlaceDetails()
         m_details.Invalidate(FALSE);
         return;
     }
+    if (m_details.GetSafeHwnd() == nullptr)
+    {
+        return; // still being made, and no window has the focus
+    }
     const bool hadFocus = ::GetFocus() == m_details.m_hWnd;
     m_details.ShowWindow(SW_HIDE);
     if (hadFocus)
