@@ -92,7 +92,7 @@ build() {
 
 check_format() {
     say "Checking the format"
-    find bench host platform tavkit tests workbench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format --dry-run --Werror ||
+    find automation bench host platform tavkit tests workbench \( -name '*.cpp' -o -name '*.h' \) -print0 | xargs -0 -r clang-format --dry-run --Werror ||
         fail "Run clang-format -i on the files named above."
 }
 

@@ -1,7 +1,7 @@
 // Main.cpp - tavkit_bench [TASK...]: measures, prints one table and writes it to bench.tsv
 #include "bench/Bench.h"
 #include "tavkit/frame/Module.h"
-#include "tests/support/FinishedMark.h"
+#include "automation/FinishedMark.h"
 
 #include <afxole.h>
 #include <afxwin.h>
@@ -125,7 +125,7 @@ int main(int argc, char** argv)
     if (!AfxWinInit(::GetModuleHandleA(nullptr), nullptr, ::GetCommandLineA(), SW_SHOWNORMAL) || !AfxOleInit())
     {
         std::printf("The framework did not start.\n");
-        return support::Finish(kFailed);
+        return automation::Finish(kFailed);
     }
     int code = kFailed;
     {
@@ -142,5 +142,5 @@ int main(int argc, char** argv)
         }
     }
     AfxWinTerm();
-    return support::Finish(code);
+    return automation::Finish(code);
 }

@@ -1,8 +1,9 @@
 #include "workbench/Tour.h"
 
+#include "automation/FinishedMark.h"
+#include "automation/Input.h"
+#include "automation/Screenshot.h"
 #include "workbench/MainFrame.h"
-#include "workbench/Screenshot.h"
-#include "workbench/TourInput.h"
 #include "workbench/resource.h"
 
 #include <commctrl.h>
@@ -14,6 +15,13 @@
 
 namespace workbench
 {
+using automation::Finish;
+using automation::MoveMouse;
+using automation::Press;
+using automation::PressKey;
+using automation::Release;
+using automation::Screenshot;
+
 namespace
 {
 using Clock = std::chrono::steady_clock;
@@ -110,9 +118,7 @@ void Tour::Leave()
     if (!Await([this] { return !::IsWindow(m_frame); }, "Alt+F4 closes the window"))
     {
         // A dialog that shouldn't be there may hold it; nobody is here to answer.
-        std::printf("[finished %d]\n", EXIT_FAILURE);
-        std::fflush(stdout);
-        ::TerminateProcess(::GetCurrentProcess(), EXIT_FAILURE);
+        ::TerminateProcess(::GetCurrentProcess(), static_cast<UINT>(Finish(EXIT_FAILURE)));
     }
 }
 
@@ -188,13 +194,13 @@ void Tour::Picture(const std::string& name, const std::string& caption)
 void Tour::Drag(POINT from, POINT to)
 {
     MoveMouse(from);
-    PressMouse();
+    Press();
     Await([this] { return !IsIdle(); }, "the system takes up the drag");
     for (int step = 1; step <= kDragSteps; ++step)
     {
         MoveMouse({from.x + (to.x - from.x) * step / kDragSteps, from.y + (to.y - from.y) * step / kDragSteps});
     }
-    ReleaseMouse();
+    Release();
     AwaitIdle();
 }
 

@@ -1,7 +1,7 @@
+#include "automation/Input.h"
+#include "automation/Screenshot.h"
 #include "workbench/MainFrame.h"
-#include "workbench/Screenshot.h"
 #include "workbench/Tour.h"
-#include "workbench/TourInput.h"
 #include "workbench/resource.h"
 
 #include <filesystem>
@@ -9,6 +9,13 @@
 
 namespace workbench
 {
+using automation::CenterOf;
+using automation::Click;
+using automation::DoubleClick;
+using automation::PressKey;
+using automation::Screenshot;
+using automation::TypeText;
+
 namespace
 {
 /// A picture of fewer colours counts as blank.
@@ -108,7 +115,7 @@ void Tour::VisitSizes()
 void Tour::VisitPixelSize()
 {
     HWND field = Part(IDC_PIXEL_SIZE);
-    Click(MiddleOf(field));
+    Click(CenterOf(field));
     Await([&] { return Focus() == field; }, "a click brings the focus to the pixel size");
     TypeText("0.65");
     Await([&] { return TextOf(field) == "0.65" && ViewText().find(", scale bar ") != std::string::npos; },
@@ -185,14 +192,14 @@ void Tour::VisitSettings()
     TypeText("0.65");
     Await([&] { return TextOf(field) == "0.65"; }, "what is typed replaces the pixel size in the settings");
 
-    Click(MiddleOf(background));
+    Click(CenterOf(background));
     if (HWND chooser = AwaitDialog(kColorTitle); chooser != nullptr)
     {
         const std::pair<int, const char*> parts[]{{kRedField, "0"}, {kRedField + 1, "64"}, {kRedField + 2, "128"}};
         for (const auto& [id, value] : parts)
         {
             HWND part = ::GetDlgItem(chooser, id);
-            Click(MiddleOf(part));
+            Click(CenterOf(part));
             Await([&] { return Focus() == part; }, "a part of the colour has the focus");
             PressKey(VK_HOME);
             PressKey(VK_END, {VK_SHIFT});
@@ -243,7 +250,7 @@ void Tour::VisitDelete()
 {
     const int count = ListCount();
     const std::string first = ListText(0);
-    Click(MiddleOf(Part(IDC_PICTURE_LIST)));
+    Click(CenterOf(Part(IDC_PICTURE_LIST)));
     PressKey(VK_HOME);
     Await([&] { return ViewText().find("\\" + first) != std::string::npos; }, "Home shows the first picture");
 
@@ -258,7 +265,7 @@ void Tour::VisitDelete()
     box = AwaitDialog(kTitle);
     constexpr int kCheckBox = 5555;
     HWND never = ::GetDlgItem(box, kCheckBox);
-    Click(MiddleOf(never));
+    Click(CenterOf(never));
     Await([&] { return Ask(never, BM_GETCHECK, 0, 0) == BST_CHECKED; }, "a click checks the box");
     Picture("delete-unasked", "The user doesn't want to be asked again.");
     PressKey('Y', {VK_MENU});
@@ -301,7 +308,7 @@ void Tour::VisitDetails()
         return;
     }
     Picture("details-closed", "The message alone.");
-    Click(MiddleOf(::GetDlgItem(dialog, kOpenDetails)));
+    Click(CenterOf(::GetDlgItem(dialog, kOpenDetails)));
     HWND text = ::GetDlgItem(dialog, kDetailsText);
     Await([&] { return PlaceOf(text).bottom < PlaceOf(dialog).bottom; }, "the details open");
     Check(TextOf(text).find("\r\nFailed: ") != std::string::npos, "the details tell what failed");

@@ -1,5 +1,6 @@
 #include "workbench/WorkbenchApp.h"
 
+#include "automation/FinishedMark.h"
 #include "tavkit/frame/Module.h"
 #include "tavkit/layout/DynamicWndEx.h"
 #include "workbench/MainFrame.h"
@@ -9,7 +10,6 @@
 
 #include <afxole.h>
 
-#include <cstdio>
 #include <cstdlib>
 
 namespace workbench
@@ -23,14 +23,6 @@ constexpr char kTourSection[] = "Tour";
 constexpr int kNotStarted = 2;
 
 WorkbenchApp theApp;
-
-/// The closing line by which a script knows that the tour reached its end; a crash may leave a good exit code behind.
-int Finish(int code)
-{
-    std::printf("[finished %d]\n", code);
-    std::fflush(stdout);
-    return code;
-}
 } // namespace
 
 WorkbenchApp::WorkbenchApp() : CWinApp(kTitle) {}
@@ -84,7 +76,8 @@ int WorkbenchApp::ExitInstance()
     int code = m_started ? CWinApp::ExitInstance() : kNotStarted;
     if (m_tour)
     {
-        code = Finish(m_tour->Wait() ? EXIT_SUCCESS : EXIT_FAILURE);
+        // A crash may leave a good exit code behind: the closing line tells a script that the tour reached its end.
+        code = automation::Finish(m_tour->Wait() ? EXIT_SUCCESS : EXIT_FAILURE);
         m_tour.reset();
     }
     if (m_started)

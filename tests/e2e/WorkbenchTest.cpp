@@ -1,5 +1,6 @@
 #include "WorkbenchFixture.h"
 
+#include "automation/Screenshot.h"
 #include "workbench/resource.h"
 
 #include <cmath>
@@ -37,35 +38,17 @@ int LongestRun(HWND window, COLORREF color)
 {
     const SIZE size = ClientSize(window);
     const POINT origin = support::ScreenPoint(window, 0, 0);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = size.cx;
-    info.bmiHeader.biHeight = -size.cy;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    HDC screen = ::GetDC(nullptr);
-    HDC memory = ::CreateCompatibleDC(screen);
-    HBITMAP bitmap = ::CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    HGDIOBJ old = ::SelectObject(memory, bitmap);
-    ::BitBlt(memory, 0, 0, size.cx, size.cy, screen, origin.x, origin.y, SRCCOPY);
-    ::GdiFlush();
-    const auto wanted = static_cast<DWORD>((GetRValue(color) << 16) | (GetGValue(color) << 8) | GetBValue(color));
-    const auto* pixel = static_cast<const DWORD*>(bits);
+    const automation::Screenshot shot({origin.x, origin.y, origin.x + size.cx, origin.y + size.cy});
     int longest = 0;
-    for (int y = 0; y < size.cy; ++y)
+    for (int y = 0; y < shot.Height(); ++y)
     {
         int run = 0;
-        for (int x = 0; x < size.cx; ++x, ++pixel)
+        for (int x = 0; x < shot.Width(); ++x)
         {
-            run = (*pixel & 0xFFFFFF) == wanted ? run + 1 : 0;
+            run = shot.ColourAt(x, y) == color ? run + 1 : 0;
             longest = std::max(longest, run);
         }
     }
-    ::SelectObject(memory, old);
-    ::DeleteObject(bitmap);
-    ::DeleteDC(memory);
-    ::ReleaseDC(nullptr, screen);
     return longest;
 }
 
@@ -100,6 +83,26 @@ TEST_F(WorkbenchStart, ShowsTitleAndThePicturesOfTheSamplesInOrder)
     EXPECT_EQ(Workbench().Status(statusSize), "550 x 660 pixels");
     EXPECT_EQ(Workbench().Status(statusType), "1 channel, 16 bit");
     EXPECT_THAT(Workbench().Status(statusZoom), testing::EndsWith(" %"));
+}
+
+TEST_F(WorkbenchStart, ShowsFromTheBeginningThatItIsTheActiveWindow)
+{
+    Start(Samples());
+    const RECT frame = WindowRect(Workbench().Window());
+    const POINT title{(frame.left + frame.right) / 2,
+                      frame.top + ::GetSystemMetrics(SM_CYSIZEFRAME) + ::GetSystemMetrics(SM_CYCAPTION) / 2};
+    const COLORREF before = support::ScreenPixel(title);
+    // A box that comes and goes makes the window active beyond doubt.
+    PressKey('H', {VK_MENU});
+    ASSERT_TRUE(PumpUntil([&] { return Workbench().Popup(kMenuClass) != nullptr; }));
+    PressKey('A');
+    HWND about = nullptr;
+    ASSERT_TRUE(
+        PumpUntil([&] { return (about = Workbench().Popup(kDialogClass, "About TavKit Workbench")) != nullptr; }));
+    ASSERT_TRUE(PumpUntil([&] { return support::ScreenPixel(title) != before; })) << "it looked inactive all along";
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(PumpUntil([&] { return !::IsWindow(about) && Workbench().Focus() == Workbench().List(); }));
+    EXPECT_TRUE(PumpUntil([&] { return support::ScreenPixel(title) == before; }));
 }
 
 TEST_F(WorkbenchStart, WithAFileChoosesItAmongThoseOfItsFolder)

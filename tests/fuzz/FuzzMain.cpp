@@ -3,8 +3,8 @@
 //   PROGRAM [-runs=N] [-seed=N] [-max_len=N] [CORPUS_FOLDER_OR_FILE...]
 //
 // TAVKIT_FUZZ_RUNS sets the number of runs of a program that is started without -runs, TAVKIT_FUZZ_SECONDS how long it
-// runs otherwise. Every input of the corpus is
-// tried first. An input that crashes is saved as crash-PROGRAM.bin in the current folder.
+// runs otherwise. Every input of the corpus is tried first. An input that crashes is saved as crash-PROGRAM.bin in the
+// current folder.
 #include <algorithm>
 #include <chrono>
 #include <limits>
@@ -26,7 +26,7 @@
 #    include <windows.h>
 #endif
 
-#include "../support/FinishedMark.h"
+#include "automation/FinishedMark.h"
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size);
 
@@ -51,7 +51,7 @@ void SaveInput() noexcept
         std::fclose(file);
     }
     std::printf("Crash: the input of %zu bytes is saved as %s\n", g_input.size(), g_crashFile.c_str());
-    support::Finish(kCrashed);
+    automation::Finish(kCrashed);
 }
 
 [[noreturn]] void Die() noexcept
@@ -213,7 +213,7 @@ int main(int argc, char** argv)
         else
         {
             std::printf("No such corpus: %s\n", argv[i]);
-            return support::Finish(1);
+            return automation::Finish(1);
         }
     }
     g_crashFile = "crash-" + std::filesystem::path(argv[0]).stem().string() + ".bin";
@@ -241,5 +241,5 @@ int main(int argc, char** argv)
         Try(mutator.Next());
     }
     std::printf("%llu runs done.\n", static_cast<unsigned long long>(run));
-    return support::Finish(0);
+    return automation::Finish(0);
 }

@@ -1,6 +1,6 @@
 // TestMain.cpp - main program of the tests with windows
 
-#include "FinishedMark.h"
+#include "automation/FinishedMark.h"
 #include "TestApp.h"
 
 #include <afxole.h>
@@ -77,10 +77,10 @@ int main(int argc, char** argv)
         !theApp.InitInstance())
     {
         std::printf("the framework did not start\n");
-        return support::Finish(1);
+        return automation::Finish(1);
     }
     const int result = RUN_ALL_TESTS();
     theApp.ExitInstance();
     AfxWinTerm();
-    return support::Finish(result);
+    return automation::Finish(result);
 }

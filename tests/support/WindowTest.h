@@ -28,7 +28,8 @@ protected:
     void TearDown() override;
 
     /// Call at the end of a test whose subject loads something for the life of the process on first use (a cursor, a
-    /// cached font), and say which in the reason. The count of windows is still checked.
+    /// cached font), and say which in the reason. More than a first use keeps still fails,
+    /// and so does a window.
     void AllowGdiGrowth(const char* reason);
 
 private:

@@ -3,7 +3,7 @@
 #include "LayoutProc.h"
 
 #include "../kit/ImportHook.h"
-#include "support/FinishedMark.h"
+#include "automation/FinishedMark.h"
 
 #include "tavkit/layout/DynamicDialog.h"
 
@@ -75,7 +75,7 @@ int main(int argc, char** argv)
 {
     if (!AfxWinInit(::GetModuleHandleA(nullptr), nullptr, ::GetCommandLineA(), SW_SHOWNORMAL) || !theApp.InitInstance())
     {
-        return support::Finish(kFailed);
+        return automation::Finish(kFailed);
     }
     int code = kFailed;
     if (argc == 2 && std::strcmp(argv[1], LAYOUT_MODE_OPEN) == 0)
@@ -88,5 +88,5 @@ int main(int argc, char** argv)
         code = Store(std::atoi(argv[2]));
     }
     AfxWinTerm();
-    return support::Finish(code);
+    return automation::Finish(code);
 }

@@ -1,8 +1,9 @@
-#include "workbench/TourInput.h"
+#include "automation/Input.h"
 
+#include <utility>
 #include <vector>
 
-namespace workbench
+namespace automation
 {
 namespace
 {
@@ -11,15 +12,16 @@ constexpr LONGLONG kScreenParts = 65536;
 
 void Send(std::vector<INPUT> inputs) { ::SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
 
-INPUT Mouse(DWORD flags)
+INPUT MouseInput(DWORD flags, DWORD data = 0)
 {
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = flags;
+    input.mi.mouseData = data;
     return input;
 }
 
-INPUT Key(WORD key, bool up)
+INPUT KeyInput(WORD key, bool up)
 {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
@@ -28,52 +30,71 @@ INPUT Key(WORD key, bool up)
     input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
     return input;
 }
-} // namespace
 
-POINT MiddleOf(HWND window)
-{
-    RECT rect{};
-    ::GetWindowRect(window, &rect);
-    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
-}
+DWORD DownFlag(Button button) { return button == Button::left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN; }
+
+DWORD UpFlag(Button button) { return button == Button::left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP; }
+} // namespace
 
 void MoveMouse(POINT screen)
 {
-    INPUT input = Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
+    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
     // Half a part more, so that the division lands on the same pixel.
     input.mi.dx = static_cast<LONG>((screen.x * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CXSCREEN));
     input.mi.dy = static_cast<LONG>((screen.y * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CYSCREEN));
     Send({input});
 }
 
-void PressMouse() { Send({Mouse(MOUSEEVENTF_LEFTDOWN)}); }
+POINT ScreenPoint(HWND window, int x, int y)
+{
+    POINT point{x, y};
+    ::ClientToScreen(window, &point);
+    return point;
+}
 
-void ReleaseMouse() { Send({Mouse(MOUSEEVENTF_LEFTUP)}); }
+POINT CenterOf(HWND window)
+{
+    RECT rect{};
+    ::GetWindowRect(window, &rect);
+    return {(rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2};
+}
 
-void Click(POINT screen)
+void Press(Button button) { Send({MouseInput(DownFlag(button))}); }
+
+void Release(Button button) { Send({MouseInput(UpFlag(button))}); }
+
+void Click(POINT screen, Button button)
 {
     MoveMouse(screen);
-    Send({Mouse(MOUSEEVENTF_LEFTDOWN), Mouse(MOUSEEVENTF_LEFTUP)});
+    Send({MouseInput(DownFlag(button)), MouseInput(UpFlag(button))});
 }
 
 void DoubleClick(POINT screen)
 {
     Click(screen);
-    Send({Mouse(MOUSEEVENTF_LEFTDOWN), Mouse(MOUSEEVENTF_LEFTUP)});
+    Send({MouseInput(MOUSEEVENTF_LEFTDOWN), MouseInput(MOUSEEVENTF_LEFTUP)});
 }
+
+void Click(HWND window, Button button) { Click(CenterOf(window), button); }
+
+void TurnWheel(int notches) { Send({MouseInput(MOUSEEVENTF_WHEEL, static_cast<DWORD>(notches * WHEEL_DELTA))}); }
+
+void KeyDown(WORD key) { Send({KeyInput(key, false)}); }
+
+void KeyUp(WORD key) { Send({KeyInput(key, true)}); }
 
 void PressKey(WORD key, std::initializer_list<WORD> modifiers)
 {
     std::vector<INPUT> inputs;
     for (const WORD modifier : modifiers)
     {
-        inputs.push_back(Key(modifier, false));
+        inputs.push_back(KeyInput(modifier, false));
     }
-    inputs.push_back(Key(key, false));
-    inputs.push_back(Key(key, true));
+    inputs.push_back(KeyInput(key, false));
+    inputs.push_back(KeyInput(key, true));
     for (const WORD modifier : modifiers)
     {
-        inputs.push_back(Key(modifier, true));
+        inputs.push_back(KeyInput(modifier, true));
     }
     Send(std::move(inputs));
 }
@@ -96,4 +117,4 @@ void TypeText(std::string_view text)
     }
     Send(std::move(inputs));
 }
-} // namespace workbench
+} // namespace automation

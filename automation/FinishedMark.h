@@ -3,13 +3,14 @@
 
 #include <cstdio>
 
-namespace support
+namespace automation
 {
 /// Prints "[finished N]"; the exit code alone isn't safe after a crash on every platform.
+/// @return the code, for the caller to end with.
 inline int Finish(int code)
 {
     std::printf("[finished %d]\n", code);
     std::fflush(stdout);
     return code;
 }
-} // namespace support
+} // namespace automation

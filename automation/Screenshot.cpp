@@ -1,4 +1,4 @@
-#include "workbench/Screenshot.h"
+#include "automation/Screenshot.h"
 
 #include <objidl.h>
 
@@ -8,7 +8,7 @@ using std::max; // GDI+ headers count on these names
 using std::min;
 #include <gdiplus.h>
 
-namespace workbench
+namespace automation
 {
 namespace
 {
@@ -23,11 +23,30 @@ std::wstring Widen(const std::string& text)
     ::MultiByteToWideChar(CP_ACP, 0, text.c_str(), -1, wide.data(), static_cast<int>(wide.size()));
     return wide;
 }
+
+/// GDI+ for as long as the block lives. Starts are counted by the system, so the program may have its own.
+class Graphics
+{
+public:
+    Graphics()
+    {
+        const Gdiplus::GdiplusStartupInput input;
+        Gdiplus::GdiplusStartup(&m_token, &input, nullptr);
+    }
+    ~Graphics() { Gdiplus::GdiplusShutdown(m_token); }
+    Graphics(const Graphics&) = delete;
+    Graphics& operator=(const Graphics&) = delete;
+
+private:
+    ULONG_PTR m_token = 0;
+};
 } // namespace
+
+RECT Screenshot::ScreenRect() { return {0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)}; }
 
 Screenshot::Screenshot(const RECT& rect)
 {
-    const RECT screen{0, 0, ::GetSystemMetrics(SM_CXSCREEN), ::GetSystemMetrics(SM_CYSCREEN)};
+    const RECT screen = ScreenRect();
     RECT part{};
     if (!::IntersectRect(&part, &rect, &screen))
     {
@@ -60,6 +79,13 @@ Screenshot::Screenshot(const RECT& rect)
     ::ReleaseDC(nullptr, source);
 }
 
+COLORREF Screenshot::ColourAt(int x, int y) const
+{
+    const std::uint32_t pixel =
+        m_pixels[static_cast<size_t>(y) * static_cast<size_t>(m_width) + static_cast<size_t>(x)];
+    return RGB(pixel >> 16 & 0xFF, pixel >> 8 & 0xFF, pixel & 0xFF);
+}
+
 int Screenshot::Colours(int limit) const
 {
     std::set<std::uint32_t> colours;
@@ -80,10 +106,11 @@ bool Screenshot::SavePng(const std::string& path) const
     {
         return false;
     }
+    const Graphics graphics;
     constexpr int kBytesPerPixel = kBitsPerPixel / 8;
     // GDI+ only reads here; its interface knows no constant pixels.
     auto* const pixels = reinterpret_cast<BYTE*>(const_cast<std::uint32_t*>(m_pixels.data()));
     Gdiplus::Bitmap image(m_width, m_height, m_width * kBytesPerPixel, PixelFormat32bppRGB, pixels);
     return image.Save(Widen(path).c_str(), &kPngEncoder, nullptr) == Gdiplus::Ok;
 }
-} // namespace workbench
+} // namespace automation
