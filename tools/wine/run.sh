@@ -97,7 +97,8 @@ wait "$SHOW_PID"
 if [ "${TAVKIT_RUN_MARK:-1}" = 0 ]; then
     exit $code
 fi
-mark="$(tr -d '\r' <"$run/output" | sed -n 's/^\[finished \([0-9]*\)\]$/\1/p' | tail -n 1)"
+# Only as the last line: a program that this one has started may have left a mark of its own further up.
+mark="$(tr -d '\r' <"$run/output" | sed '/^$/d' | sed -n '$s/^\[finished \([0-9]*\)\]$/\1/p')"
 if [ -z "$mark" ]; then
     echo "The program did not reach its end (Wine's exit code: $code)."
     exit 1

@@ -3,7 +3,6 @@
 #include "LayoutProc.h"
 
 #include "../kit/ImportHook.h"
-#include "automation/FinishedMark.h"
 
 #include "tavkit/layout/DynamicDialog.h"
 
@@ -75,7 +74,7 @@ int main(int argc, char** argv)
 {
     if (!AfxWinInit(::GetModuleHandleA(nullptr), nullptr, ::GetCommandLineA(), SW_SHOWNORMAL) || !theApp.InitInstance())
     {
-        return automation::Finish(kFailed);
+        return kFailed;
     }
     int code = kFailed;
     if (argc == 2 && std::strcmp(argv[1], LAYOUT_MODE_OPEN) == 0)
@@ -88,5 +87,5 @@ int main(int argc, char** argv)
         code = Store(std::atoi(argv[2]));
     }
     AfxWinTerm();
-    return automation::Finish(code);
+    return code; // whoever started it reads it; a closing mark would be taken for the starter's
 }
