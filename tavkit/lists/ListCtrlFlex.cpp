@@ -440,8 +440,12 @@ BOOL CListCtrlFlex::OnDblClick(NMHDR* pNMHDR, LRESULT* pResult)
     if (IsEditable(cell.col))
     {
         *pResult = 1;
+        HWND const list = m_hWnd;
         SetItemState(cell.row, 0, LVIS_FOCUSED | LVIS_SELECTED);
-        OnEdit(cell.row, cell.col, false);
+        if (::IsWindow(list))
+        {
+            OnEdit(cell.row, cell.col, false);
+        }
     }
     else
     {

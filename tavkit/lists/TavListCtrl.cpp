@@ -48,11 +48,12 @@ private:
     bool m_hadFocus = false;
 };
 
-/// Keeps a window from being painted, if the system grants it: there is one such window at a time.
+/// Keeps a window from being painted, if the system grants it: there is one such window at a time. To lock none would
+/// unlock that one.
 class UpdateLock
 {
 public:
-    explicit UpdateLock(CWnd& wnd) : m_locked(wnd.LockWindowUpdate()) {}
+    explicit UpdateLock(CWnd& wnd) : m_locked(wnd.m_hWnd && wnd.LockWindowUpdate()) {}
     ~UpdateLock()
     {
         if (m_locked)
@@ -64,7 +65,7 @@ public:
     UpdateLock& operator=(UpdateLock const&) = delete;
 
 private:
-    BOOL m_locked;
+    bool m_locked;
 };
 
 DString CaptionKey(const CString& caption) { return static_cast<LPCTSTR>(caption); }
@@ -469,7 +470,10 @@ bool CTavListCtrl::IsMultiSlct() const { return (GetStyle() & LVS_SINGLESEL) == 
 void CTavListCtrl::CreateImages()
 {
     m_lstImage.SetWindow(this);
-    m_lstImage.Create();
+    if (!m_lstImage.GetSafeHandle()) // what the rows show already stays good
+    {
+        m_lstImage.Create();
+    }
     SetImageList(&m_lstImage, LVSIL_SMALL);
 }
 

@@ -150,9 +150,9 @@ public:
     // Images
 
     CTavImageList& GetTavImageList() { return m_lstImage; }
-    /// Makes the image list for this window and shows its images in the rows.
+    /// Makes the image list for this window, unless there is one already, and shows its images in the rows.
     void CreateImages();
-    /// Empties the image list.
+    /// Empties the image list, which stays; the first image added next has index 0.
     void DestroyImages();
 
 protected:

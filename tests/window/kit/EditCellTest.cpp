@@ -4,6 +4,7 @@
 
 #include "../layoutproc/LayoutProc.h"
 
+#include <algorithm>
 #include <array>
 
 namespace
@@ -254,6 +255,19 @@ TEST_F(EditCell, SelectsAllRowsAtADoubleClickOutsideOfAll)
     EXPECT_EQ(m_list->GetSelectedCount(), 5U) << "row -1 stands for all";
 }
 
+TEST_F(EditCell, AnswersADoubleClickByWhetherItOpens)
+{
+    m_list->SetColType(0, adiString, false);
+    POINT cell = CellPoint(2, 1);
+    m_list->ScreenToClient(&cell);
+    SendDoubleClick(*m_list, *m_frame, cell);
+    EXPECT_EQ(m_frame->m_result, 1);
+    cell = CellPoint(2, 0);
+    m_list->ScreenToClient(&cell);
+    SendDoubleClick(*m_list, *m_frame, cell);
+    EXPECT_EQ(m_frame->m_result, 0);
+}
+
 TEST_F(EditCell, OpensNowhereAtADoubleClickOutsideOfAllRows)
 {
     SendDoubleClick(*m_list, *m_frame, {50, 150});
@@ -335,6 +349,8 @@ TEST_F(EditCell, CancelsAtEscapeOnce)
     Key(VK_ESCAPE);
     ExpectClosed();
     EXPECT_THAT(Labels(), ElementsAre(Cancelled(1, 1)));
+    EXPECT_EQ(m_frame->m_lastLabel.item.mask, UINT{LVIF_TEXT});
+    EXPECT_EQ(m_frame->m_lastLabel.hdr.idFrom, kEditorId);
     EXPECT_EQ(Text(1, 1), "1.1");
 }
 
@@ -356,7 +372,11 @@ TEST_F(EditCell, AnswersEveryEndWithOneAndWritesNoNullTextAndNoRowOfMinusOne)
     info.hdr = {m_list->m_hWnd, kListId, static_cast<UINT>(LVN_ENDLABELEDIT)};
     info.item.iItem = 2;
     info.item.iSubItem = 1;
-    auto const send = [&] { return m_frame->SendMessage(WM_NOTIFY, kListId, reinterpret_cast<LPARAM>(&info)); };
+    auto const send = [&] {
+        m_frame->m_result = -1;
+        m_frame->SendMessage(WM_NOTIFY, kListId, reinterpret_cast<LPARAM>(&info));
+        EXPECT_EQ(m_frame->m_result, 1);
+    };
     send();
     EXPECT_EQ(Text(2, 1), "2.1");
     info.item.pszText = text;
@@ -714,6 +734,55 @@ TEST_P(EditCellParent, MayDestroyTheListAtADoubleClick)
     DestroyAt(static_cast<UINT>(LVN_BEGINLABELEDIT));
     support::DoubleClick(CellPoint(1, 1));
     ExpectGone();
+}
+
+// Leaves nothing sensible behind in its memory, so that no use of it goes unnoticed.
+class SpoiledList : public CListCtrlFlex
+{
+public:
+    using CListCtrlFlex::OnDblClick;
+
+    static void operator delete(void* memory, std::size_t size)
+    {
+        std::fill_n(static_cast<unsigned char volatile*>(memory), size, kSpoilt);
+        ::operator delete(memory);
+    }
+
+private:
+    static constexpr unsigned char kSpoilt = 0x7F; // no pointer is made of it
+};
+
+TEST_P(EditCellParent, MayDestroyTheListWhenADoubleClickTakesTheSelection)
+{
+    auto spoiled = std::make_unique<SpoiledList>();
+    SpoiledList* const list = spoiled.get();
+    m_list = std::move(spoiled);
+    ASSERT_TRUE(m_list->Create(kListStyle, flex_test::kListPlace, m_frame.get(), kListId));
+    AddColumns(3, true);
+    AddNumberedRows(3, 3);
+    m_list->SetItemState(1, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    NMITEMACTIVATE click{};
+    click.ptAction = CellPoint(1, 1);
+    m_list->ScreenToClient(&click.ptAction);
+    m_frame->m_onNotify = [this](NMHDR& header) {
+        if (header.code != static_cast<UINT>(LVN_ITEMCHANGED))
+        {
+            return;
+        }
+        if (GetParam() == Blow::Object)
+        {
+            m_list.reset();
+        }
+        else
+        {
+            m_list->DestroyWindow();
+        }
+    };
+    LRESULT result = 0;
+    list->OnDblClick(&click.hdr, &result); // not by a message: a window procedure may swallow the fault
+    m_frame->m_onNotify = nullptr;
+    ExpectGone();
+    EXPECT_THAT(Labels(), IsEmpty());
 }
 
 TEST_P(EditCellParent, MayDestroyTheListAtTheFirstEndOfEnter)

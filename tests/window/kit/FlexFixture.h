@@ -53,8 +53,9 @@ public:
     std::function<LRESULT(NMLVDISPINFO&)> m_onLabel;
     /// Called with LVN_GETDISPINFO.
     std::function<void(LVITEM&)> m_onDispInfo;
-    /// Called with all other notifications that got as far as the parent.
+    /// Called with all notifications that got as far as the parent.
     std::function<void(NMHDR&)> m_onNotify;
+    LRESULT m_result = -1; ///< the list's result of the last of them, as the parent finds it
 
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
@@ -90,9 +91,14 @@ protected:
     BOOL OnCmdMsg(UINT nID, int nCode, void* pExtra, AFX_CMDHANDLERINFO* pHandlerInfo) override
     {
         // Notifications that the list let pass come by here.
-        if (HIWORD(nCode) == WM_NOTIFY && m_onNotify)
+        if (HIWORD(nCode) == WM_NOTIFY)
         {
-            m_onNotify(*static_cast<AFX_NOTIFY*>(pExtra)->pNMHDR);
+            auto const& notify = *static_cast<AFX_NOTIFY*>(pExtra);
+            m_result = *notify.pResult;
+            if (m_onNotify)
+            {
+                m_onNotify(*notify.pNMHDR);
+            }
         }
         return TestFrame::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
     }

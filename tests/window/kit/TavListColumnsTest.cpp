@@ -562,6 +562,9 @@ TEST_F(TavListWidths, RestoringLeavesTheLockOfAnotherWindowAlone)
     m_list->RestoreColWidth();
     EXPECT_EQ(m_list->GetColumnWidth(0), 100);
     EXPECT_EQ(::LockWindowUpdate(m_list->m_hWnd), FALSE) << "still the frame's";
+    CTavListCtrl bare;
+    bare.RestoreColWidth();
+    EXPECT_EQ(::LockWindowUpdate(m_list->m_hWnd), FALSE) << "nor does a list without a window unlock it";
     ::LockWindowUpdate(nullptr);
 }
 

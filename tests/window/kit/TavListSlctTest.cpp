@@ -293,6 +293,22 @@ TEST_F(TavListImages, AreForgottenButTheListStays)
     EXPECT_EQ(m_list->GetImageList(LVSIL_SMALL), &m_list->GetTavImageList());
 }
 
+TEST_F(TavListImages, AreMadeOnceAndNotAgainAsLongAsThereIsAList)
+{
+    m_list->CreateImages();
+    CTavImageList& images = m_list->GetTavImageList();
+    const HIMAGELIST handle = images.GetSafeHandle();
+    const int circle = images.GetCircleSmall(RGB(255, 0, 0), 0);
+    m_list->CreateImages();
+    EXPECT_EQ(images.GetSafeHandle(), handle);
+    EXPECT_EQ(images.GetImageCount(), 2);
+    EXPECT_EQ(images.GetCircleSmall(RGB(255, 0, 0), 0), circle) << "the index handed out stays good";
+    m_list->Reset();
+    m_list->CreateImages();
+    EXPECT_EQ(images.GetImageCount(), 0);
+    EXPECT_EQ(m_list->GetImageList(LVSIL_SMALL), &images);
+}
+
 TEST_F(TavListImages, AnIconIsShownByItsNumber)
 {
     m_list->CreateImages();
