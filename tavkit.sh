@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # One door for people: builds, runs, tests and measures TavKit. See --help.
 set -uo pipefail
-cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
+CDPATH='' cd -P -- "$(dirname -- "${BASH_SOURCE[0]}")" || exit 1
 source tools/wine/env.sh
 
 PACKAGES=(cmake ninja-build g++ g++-mingw-w64-x86-64-posix googletest clang clang-format
@@ -33,7 +33,14 @@ fail() {
     exit 1
 }
 
+# The resource compiler hands paths to a shell as they are; blanks and letters of any kind it can take.
+check_place() {
+    [[ "$PWD" =~ [\(\)\<\>\&\;\|\$\`\"\'\*\?\\] ]] &&
+        fail "This folder can't be built in: its path has a character that means something to a shell. Move it: $PWD"
+}
+
 setup() {
+    check_place
     local missing=() package
     for package in "${PACKAGES[@]}"; do
         dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
@@ -61,19 +68,14 @@ setup() {
         # Before the package lists were there, nothing told which run-time belongs to clang: the second round asks.
         [[ " ${missing[*]} " == *" clang "* ]] && setup
     fi
-    tools/wine/prefix.sh || fail "The Wine prefix could not be made; see build/wine/prefix.log."
-}
-
-# The resource compiler hands paths to a shell as they are; blanks and letters of any kind it can take.
-check_place() {
-    [[ "$PWD" =~ [\(\)\<\>\&\;\|\$\`\"\'\*\?\\] ]] &&
-        fail "This folder can't be built in: its path has a character that means something to a shell. Move it: $PWD"
+    tools/wine/prefix.sh || fail "The Wine prefix could not be made; see $TAVKIT_WINE_DIR/prefix.log."
 }
 
 configure_and_build() {
     local preset="$1"
     shift
-    check_place
+    # What a checkout has built elsewhere names its old place.
+    grep -qsxF "CMAKE_HOME_DIRECTORY:INTERNAL=$PWD" "build/$preset/CMakeCache.txt" || rm -rf "build/$preset"
     if [ ! -f "build/$preset/build.ninja" ]; then
         say "Configuring $preset"
         cmake --preset "$preset" >"build/$preset.log" 2>&1 || {
