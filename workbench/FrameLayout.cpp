@@ -9,7 +9,7 @@ constexpr int kUnitsPerCharHeight = 8;
 
 // All in dialog units.
 constexpr int kMargin = 4;
-constexpr int kListWidth = 104;
+constexpr int kListWidth = 124;
 constexpr int kLabelHeight = 8;
 constexpr int kLabelGap = 2; // between a label and what is under it
 constexpr int kFieldHeight = 14;
@@ -17,8 +17,9 @@ constexpr int kFieldLabelDrop = 3; // puts the label's text on the base line of 
 constexpr int kPixelLabelWidth = 32;
 constexpr int kPixelSizeWidth = 44;
 constexpr int kPixelUnitWidth = 52;
-constexpr int kViewWidth = 142;
+constexpr int kViewWidth = 162;
 constexpr int kViewHeight = 90;
+constexpr int kTableHeight = 70;
 
 int Scale(int units, int base, int perBase) { return (units * base + perBase / 2) / perBase; }
 } // namespace
@@ -39,11 +40,14 @@ FrameLayout DesignFrame(const DialogUnits& units) noexcept
     const int bottom = fieldTop + units.Y(kFieldHeight);
 
     FrameLayout layout;
-    layout.client = {right + marginX, bottom + marginY};
+    const int tableTop = bottom + marginY;
+    const int tableBottom = tableTop + units.Y(kTableHeight);
+    layout.client = {right + marginX, tableBottom + marginY};
     const int labelBottom = marginY + units.Y(kLabelHeight);
     layout.listLabel = {marginX, marginY, listRight, labelBottom};
     layout.list = {marginX, labelBottom + units.Y(kLabelGap), listRight, bottom};
     layout.view = {left, marginY, right, viewBottom};
+    layout.table = {marginX, tableTop, right, tableBottom};
 
     const int labelTop = fieldTop + units.Y(kFieldLabelDrop);
     const int fieldLeft = left + units.X(kPixelLabelWidth);

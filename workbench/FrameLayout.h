@@ -28,9 +28,14 @@ struct FrameLayout
     RECT pixelLabel{};
     RECT pixelSize{};
     RECT pixelUnit{};
+    RECT table{};
 };
 
+/// Part of the window's growth in height that the picture gets; the table gets the rest.
+inline constexpr signed char kViewPercent = 60;
+
 /// The main window as it was designed, which is also the smallest in which all parts are of use: the list at the left,
-/// the view beside it, the field for the pixel's size under the view. Larger windows are laid out from here.
+/// the view beside it, the field for the pixel's size under the view, and the table under all of them. Larger windows
+/// are laid out from here.
 [[nodiscard]] FrameLayout DesignFrame(const DialogUnits& units) noexcept;
 } // namespace workbench

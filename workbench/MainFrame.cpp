@@ -1,18 +1,13 @@
 #include "workbench/MainFrame.h"
 
-#include "tavkit/drawing/DlgMsgDetails.h"
-#include "tavkit/drawing/XMessageBox.h"
-#include "workbench/AboutDlg.h"
+#include "tavkit/frame/services/BaseFuncs.h"
+#include "tavkit/frame/services/DFile.h"
 #include "workbench/PictureNames.h"
-#include "workbench/SettingsDlg.h"
 #include "workbench/resource.h"
-
-#include <commdlg.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <vector>
 
 namespace workbench
 {
@@ -23,7 +18,7 @@ constexpr char kFontFace[] = "MS Shell Dlg";
 constexpr int kPixelSizeChars = 12;
 
 /// Size of the window at the first start, and the part of the work area that it may take.
-constexpr CSize kStartUnits{480, 330}; // dialog units
+constexpr CSize kStartUnits{540, 400}; // dialog units
 constexpr int kWorkAreaPercent = 90;
 
 /// Parts of the status bar and their widths in dialog units; the first takes the rest.
@@ -36,6 +31,9 @@ enum StatusPart
     statusParts
 };
 constexpr std::array<int, statusParts> kStatusUnits{0, 80, 90, 48};
+
+/// Parts don't keep their pixels when they are moved: one platform copies them from where another part was moved to.
+constexpr UINT kNoFlags = 0;
 
 CRect StartRect(const DialogUnits& units)
 {
@@ -56,7 +54,9 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_WM_SETFOCUS()       // goes on to the part that had it last
     ON_WM_SYSCOLORCHANGE() // only top-level windows are told
     ON_COMMAND(IDM_FILE_OPEN, OnFileOpen)
+    ON_COMMAND(IDM_FILE_OPEN_TABLE, OnFileOpenTable)
     ON_COMMAND(IDM_FILE_EXIT, OnFileExit)
+    ON_COMMAND(IDM_EDIT_RENAME, OnEditRename)
     ON_COMMAND(IDM_EDIT_DELETE, OnEditDelete)
     ON_COMMAND(IDM_EDIT_SETTINGS, OnEditSettings)
     ON_COMMAND(IDM_VIEW_NEXT, OnViewNext)
@@ -67,35 +67,44 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_HELP_ABOUT, OnHelpAbout)
     ON_COMMAND(IDM_GO_PICTURES, OnGoPictures) // the labels' letters, which only dialogs look after themselves
     ON_COMMAND(IDM_GO_PIXEL_SIZE, OnGoPixelSize)
-    ON_UPDATE_COMMAND_UI(IDM_EDIT_DELETE, OnUpdateDelete)
+    ON_COMMAND(IDM_GO_TABLE, OnGoTable)
+    ON_COMMAND(IDM_GO_CLASS, OnGoClass)
+    ON_UPDATE_COMMAND_UI(IDM_EDIT_RENAME, OnUpdateHasPicture)
+    ON_UPDATE_COMMAND_UI(IDM_EDIT_DELETE, OnUpdateHasPicture)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_DETAILS, OnUpdateDetails)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_NEXT, OnUpdateNext)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_PREVIOUS, OnUpdatePrevious)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_SCALE_BAR, OnUpdateScaleBar)
-    ON_LBN_SELCHANGE(IDC_PICTURE_LIST, OnListSelection)
-    ON_CONTROL(LBN_SETFOCUS, IDC_PICTURE_LIST, OnListFocus)
+    ON_NOTIFY(LVN_ITEMCHANGED, IDC_PICTURE_LIST, OnListItemChanged) // another picture is selected
+    ON_NOTIFY(LVN_ENDLABELEDIT, IDC_PICTURE_LIST, OnListNameEdited) // a picture gets another name
+    ON_NOTIFY(NM_SETFOCUS, IDC_PICTURE_LIST, OnListFocus)
+    ON_CONTROL(tablePlaceChanged, IDC_TABLE_PANE, OnTablePlace) // another object is selected
+    ON_CONTROL(tableFocus, IDC_TABLE_PANE, OnTableFocus)
+    ON_MESSAGE(kTellProblem, OnTellProblem)
     ON_BN_CLICKED(IDC_PICTURE_DETAILS, OnViewDetails)
     ON_CONTROL(BN_SETFOCUS, IDC_PICTURE_DETAILS, OnDetailsFocus)
     ON_EN_CHANGE(IDC_PIXEL_SIZE, OnPixelSizeChange)
     ON_CONTROL(EN_SETFOCUS, IDC_PIXEL_SIZE, OnPixelSizeFocus)
 END_MESSAGE_MAP()
 
-MainFrame::MainFrame(const char* profileSection)
-    : cdxCDynamicWnd(FreedomXY, FlagCopyBits), m_profileSection(profileSection)
+MainFrame::MainFrame(const char* profileSection) : cdxCDynamicWnd(FreedomXY, kNoFlags), m_profileSection(profileSection)
 {
 }
 
 cdxCDynamicWnd::__dynEntry const* MainFrame::__getDynMap(__dynEntry const*) const
 {
+    constexpr int kPercent = 1;
     constexpr int kModes = 2;
     constexpr int kEnd = 0;
+    constexpr signed char kAll = 100;
     static constexpr __dynEntry kParts[]{
         {kModes, IDC_PICTURE_LABEL, ModeStay, ModeStay, 0, 0},
-        {kModes, IDC_PICTURE_LIST, ModeStay, ModeStretch, 0, 0},
-        {kModes, IDC_PICTURE_VIEW, ModeStretch, ModeStretch, 0, 0},
-        {kModes, IDC_PIXEL_LABEL, ModeStay, ModeFollow, 0, 0},
-        {kModes, IDC_PIXEL_SIZE, ModeStay, ModeFollow, 0, 0},
-        {kModes, IDC_PIXEL_UNIT, ModeStay, ModeFollow, 0, 0},
+        {kPercent, IDC_PICTURE_LIST, 0, 0, 0, kViewPercent},
+        {kPercent, IDC_PICTURE_VIEW, 0, 0, kAll, kViewPercent},
+        {kPercent, IDC_PIXEL_LABEL, 0, kViewPercent, 0, kViewPercent},
+        {kPercent, IDC_PIXEL_SIZE, 0, kViewPercent, 0, kViewPercent},
+        {kPercent, IDC_PIXEL_UNIT, 0, kViewPercent, 0, kViewPercent},
+        {kPercent, IDC_TABLE_PANE, 0, kViewPercent, kAll, kAll},
         {kEnd, 0, 0, 0, 0, 0},
     };
     return kParts;
@@ -132,24 +141,23 @@ BOOL MainFrame::CreateParts()
     constexpr DWORD kPart = WS_CHILD | WS_VISIBLE;
     // The order is that of the Tab key; a label stands before what its mnemonic leads to.
     if (!m_listLabel.Create("Pi&ctures:", kPart, place.listLabel, this, IDC_PICTURE_LABEL) ||
-        !m_list.CreateEx(WS_EX_CLIENTEDGE, "LISTBOX", "",
-                         kPart | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT, place.list,
-                         this, IDC_PICTURE_LIST) ||
+        !m_list.Create(place.list, this, IDC_PICTURE_LIST, &m_font) ||
         !m_view.Create(place.view, this, IDC_PICTURE_VIEW, &m_font) ||
         !m_pixelLabel.Create("&Pixel size:", kPart, place.pixelLabel, this, IDC_PIXEL_LABEL) ||
         !m_pixelSize.CreateEx(WS_EX_CLIENTEDGE, "EDIT", "", kPart | WS_TABSTOP | ES_AUTOHSCROLL | ES_RIGHT,
                               place.pixelSize, this, IDC_PIXEL_SIZE) ||
         !m_pixelUnit.Create(kPixelUnit, kPart, place.pixelUnit, this, IDC_PIXEL_UNIT) ||
+        !m_table.Create(place.table, this, IDC_TABLE_PANE, &m_font, m_units) ||
         !m_status.CreateEx(0, STATUSCLASSNAMEA, "", kPart | SBARS_SIZEGRIP, CRect(0, 0, 0, 0), this, IDC_STATUS_BAR))
     {
         return FALSE;
     }
-    for (CWnd* part :
-         std::initializer_list<CWnd*>{&m_listLabel, &m_list, &m_pixelLabel, &m_pixelSize, &m_pixelUnit, &m_status})
+    for (CWnd* part : std::initializer_list<CWnd*>{&m_listLabel, &m_pixelLabel, &m_pixelSize, &m_pixelUnit, &m_status})
     {
         part->SetFont(&m_font, FALSE);
     }
     m_pixelSize.LimitText(kPixelSizeChars);
+    m_list.ReadWidths(m_profileSection);
     return TRUE;
 }
 
@@ -178,53 +186,77 @@ void MainFrame::MeasureFont()
 
 void MainFrame::OpenPath(const std::string& path)
 {
+    const DFile file(path.c_str());
+    if (IsTableName(file.GetPhysFileName().c_str()))
+    {
+        const DString folder = file.GetPhysFilePath();
+        m_pictures.Load(folder.IsEmpty() ? "." : folder.c_str());
+        FillList(0);
+        OpenTable(path);
+        return;
+    }
     m_pictures.Load(path);
     FillList(std::max(0, m_pictures.Asked()));
 }
 
+void MainFrame::OpenTable(const std::string& path)
+{
+    const std::string problem = m_table.OpenTable(path);
+    if (!problem.empty())
+    {
+        AfxMessageBox(problem.c_str(), MB_OK | MB_ICONEXCLAMATION);
+        return;
+    }
+    const int picture = PictureOfTable(m_pictures.Names(), StripPath(path.c_str()).c_str());
+    if (picture >= 0 && picture != m_current)
+    {
+        Select(picture);
+    }
+    m_measured = CurrentPath();
+    UpdateMark();
+}
+
 void MainFrame::FillList(int selection)
 {
-    m_list.SetRedraw(FALSE);
-    m_list.ResetContent();
-    int widest = 0;
+    if (m_list.IsChild(GetFocus()))
     {
-        CClientDC dc(&m_list);
-        const SelectScope scope(dc, m_font);
-        for (const auto& name : m_pictures.Names())
-        {
-            m_list.AddString(name.c_str());
-            widest = std::max<int>(widest, dc.GetTextExtent(name.c_str(), static_cast<int>(name.size())).cx);
-        }
+        m_list.SetFocus(); // ends the editing of a name
     }
-    constexpr int kTextMargin = 2; // dialog units at both sides of a line
-    m_list.SendMessage(LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + m_units.X(kTextMargin)));
-    m_list.SetRedraw(TRUE);
-    m_list.Invalidate();
+    m_isFilling = true;
+    m_list.Fill(m_pictures);
+    m_isFilling = false;
+    m_current = -1;
     Select(selection);
 }
 
 void MainFrame::Select(int index)
 {
-    if (index >= 0 && index < m_list.GetCount())
+    if (index >= 0 && index < static_cast<int>(m_pictures.Names().size()))
     {
-        m_list.SetCurSel(index); // a program's choice isn't notified
+        m_isFilling = true;
+        m_list.Select(index);
+        m_isFilling = false;
+        m_current = index;
     }
-    ShowSelection();
+    ShowCurrent();
 }
 
-void MainFrame::ShowSelection()
+std::string MainFrame::CurrentPath() const
+{
+    return m_current < 0 ? std::string() : m_pictures.PathOf(static_cast<size_t>(m_current));
+}
+
+void MainFrame::ShowCurrent()
 {
     const CWaitCursor wait;
     m_info.reset();
-    const int index = m_list.GetCurSel();
-    if (index == LB_ERR)
+    if (m_current < 0)
     {
         m_view.ShowMessage(m_pictures.Problem(), false);
     }
     else
     {
-        const auto place = static_cast<size_t>(index);
-        const std::string path = m_pictures.PathOf(place);
+        const std::string path = CurrentPath();
         m_info = ReadPictureInfo(path);
         if (m_info)
         {
@@ -232,20 +264,27 @@ void MainFrame::ShowSelection()
         }
         else
         {
-            m_view.ShowMessage("\"" + m_pictures.Names()[place] + "\" can't be read.", true);
+            m_view.ShowMessage("\"" + m_pictures.Names()[static_cast<size_t>(m_current)] + "\" can't be read.", true);
+            m_list.ShowUnreadable(m_current);
         }
     }
+    UpdateMark();
     UpdateStatus();
+}
+
+/// The places of a table are those of the picture that it was opened beside.
+void MainFrame::UpdateMark()
+{
+    m_view.SetMark(m_current >= 0 && CurrentPath() == m_measured ? m_table.Place() : std::nullopt);
 }
 
 void MainFrame::UpdateStatus()
 {
-    const int index = m_list.GetCurSel();
-    SetStatus(statusName, index == LB_ERR ? m_pictures.Folder() : m_pictures.Names()[static_cast<size_t>(index)]);
+    SetStatus(statusName, m_current < 0 ? m_pictures.Folder() : m_pictures.Names()[static_cast<size_t>(m_current)]);
     if (!m_info || !m_view.HasPicture())
     {
         SetStatus(statusSize, "");
-        SetStatus(statusType, index == LB_ERR ? "" : "Not readable");
+        SetStatus(statusType, m_current < 0 ? "" : "Not readable");
         SetStatus(statusZoom, "");
         return;
     }
@@ -347,6 +386,7 @@ bool MainFrame::TakeListKey(WPARAM key)
 
 void MainFrame::OnDestroy()
 {
+    m_list.WriteWidths(m_profileSection);
     DoOnDestroy();
     CFrameWnd::OnDestroy();
 }
@@ -386,165 +426,5 @@ void MainFrame::OnSysColorChange()
 {
     CFrameWnd::OnSysColorChange();
     SendMessageToDescendants(WM_SYSCOLORCHANGE);
-}
-
-void MainFrame::OnFileOpen()
-{
-    const std::string filter = PictureFilter();
-    std::vector<char> path(MAX_PATH);
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = m_hWnd;
-    dialog.lpstrFilter = filter.c_str();
-    dialog.lpstrFile = path.data();
-    dialog.nMaxFile = static_cast<DWORD>(path.size());
-    dialog.lpstrInitialDir = m_pictures.Folder().c_str();
-    dialog.lpstrTitle = "Open Picture";
-    dialog.Flags =
-        OFN_EXPLORER | OFN_ENABLESIZING | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (::GetOpenFileNameA(&dialog))
-    {
-        OpenPath(path.data());
-    }
-    else if (const DWORD error = ::CommDlgExtendedError(); error != 0)
-    {
-        const std::string text = "The dialog for opening a picture failed (error " + std::to_string(error) + ").";
-        AfxMessageBox(text.c_str(), MB_OK | MB_ICONEXCLAMATION);
-    }
-}
-
-void MainFrame::OnFileExit() { PostMessage(WM_CLOSE); }
-
-void MainFrame::OnEditDelete()
-{
-    const int index = m_list.GetCurSel();
-    if (index == LB_ERR || !MayDelete(m_pictures.Names()[static_cast<size_t>(index)]))
-    {
-        return;
-    }
-    m_pictures.Remove(static_cast<size_t>(index));
-    FillList(std::min(index, static_cast<int>(m_pictures.Names().size()) - 1));
-}
-
-/// Asks, unless the user has said that it isn't needed. A "No" is never remembered: nothing could be deleted any more.
-bool MainFrame::MayDelete(const std::string& name)
-{
-    if (!m_settings.askBeforeDelete)
-    {
-        return true;
-    }
-    std::string shown; // the box takes a single "&" for the mark of a letter
-    for (const char c : name)
-    {
-        shown.append(c == '&' ? 2 : 1, c);
-    }
-    const std::string text =
-        "Delete \"" + shown + "\" from the list?\n\nThe file itself stays as it is. F5 brings it back into the list.";
-    const auto answer = static_cast<unsigned>(
-        XMessageBox(m_hWnd, text.c_str(), kTitle, MB_YESNO | MB_ICONQUESTION | MB_DONOTASKAGAIN, nullptr, 0));
-    if ((answer & ~MB_DONOTASKAGAIN) != IDYES)
-    {
-        return false;
-    }
-    if ((answer & MB_DONOTASKAGAIN) != 0)
-    {
-        Settings settings = m_settings;
-        settings.askBeforeDelete = false;
-        WriteSettings(m_profileSection, m_settings, settings);
-        Apply(settings);
-    }
-    return true;
-}
-
-void MainFrame::OnEditSettings()
-{
-    SettingsDlg dialog(this, SettingsPlace(m_profileSection), m_settings);
-    if (dialog.DoModal() == IDOK)
-    {
-        WriteSettings(m_profileSection, m_settings, dialog.Result());
-        Apply(dialog.Result());
-    }
-}
-
-void MainFrame::OnViewNext() { Select(m_list.GetCurSel() + 1); }
-
-void MainFrame::OnViewPrevious() { Select(m_list.GetCurSel() - 1); }
-
-void MainFrame::OnViewScaleBar() { m_view.ShowScaleBar(!m_view.IsScaleBarShown()); }
-
-void MainFrame::OnViewReload()
-{
-    const int index = m_list.GetCurSel();
-    const std::string name = index == LB_ERR ? "" : m_pictures.Names()[static_cast<size_t>(index)];
-    m_pictures.Reload();
-    const int found = IndexOfName(m_pictures.Names(), name);
-    const int last = static_cast<int>(m_pictures.Names().size()) - 1;
-    FillList(found >= 0 ? found : std::clamp(index, 0, std::max(0, last)));
-}
-
-void MainFrame::OnViewDetails()
-{
-    const int index = m_list.GetCurSel();
-    if (index == LB_ERR || !m_view.OffersDetails())
-    {
-        return;
-    }
-    std::string details;
-    {
-        const CWaitCursor wait;
-        details = DescribeFailure(m_pictures.PathOf(static_cast<size_t>(index)));
-    }
-    DlgMsgDetails(kTitle, m_view.Message().c_str(), details.c_str(), this).DoModal();
-}
-
-void MainFrame::OnHelpAbout() { AboutDlg(this).DoModal(); }
-
-void MainFrame::OnGoPictures() { m_list.SetFocus(); }
-
-void MainFrame::OnGoPixelSize()
-{
-    m_pixelSize.SetFocus();
-    m_pixelSize.SetSel(0, -1);
-}
-
-void MainFrame::OnUpdateDelete(CCmdUI* command) { command->Enable(m_list.GetCurSel() != LB_ERR); }
-
-void MainFrame::OnUpdateDetails(CCmdUI* command) { command->Enable(m_view.OffersDetails()); }
-
-void MainFrame::OnUpdateNext(CCmdUI* command) { command->Enable(m_list.GetCurSel() + 1 < m_list.GetCount()); }
-
-void MainFrame::OnUpdatePrevious(CCmdUI* command) { command->Enable(m_list.GetCurSel() > 0); }
-
-void MainFrame::OnUpdateScaleBar(CCmdUI* command) { command->SetCheck(m_view.IsScaleBarShown() ? 1 : 0); }
-
-void MainFrame::OnListSelection() { ShowSelection(); }
-
-void MainFrame::OnListFocus() { m_focus = &m_list; }
-
-void MainFrame::OnDetailsFocus() { m_focus = &m_view.DetailsButton(); }
-
-void MainFrame::OnPixelSizeChange()
-{
-    Settings settings = m_settings;
-    settings.pixelSize = PixelSizeText();
-    m_view.SetPixelSize(ParsePixelSize(settings.pixelSize));
-    WriteSettings(m_profileSection, m_settings, settings);
-    m_settings = settings;
-}
-
-void MainFrame::OnPixelSizeFocus()
-{
-    if (m_focus != &m_pixelSize) // and not back from another program
-    {
-        m_focus = &m_pixelSize;
-        m_pixelSizeBefore = PixelSizeText();
-    }
-}
-
-std::string MainFrame::PixelSizeText() const
-{
-    CString text;
-    m_pixelSize.GetWindowText(text);
-    return static_cast<LPCTSTR>(text);
 }
 } // namespace workbench

@@ -6,8 +6,10 @@
 #include "workbench/FrameLayout.h"
 #include "workbench/PictureInfo.h"
 #include "workbench/PictureList.h"
+#include "workbench/PictureListCtrl.h"
 #include "workbench/PictureView.h"
 #include "workbench/Settings.h"
+#include "workbench/TablePane.h"
 
 #include <afxwin.h>
 
@@ -19,8 +21,12 @@ namespace workbench
 /// Title of the main window.
 inline constexpr char kTitle[] = "TavKit Workbench";
 
-/// The main window: the pictures of a folder at the left, the chosen one beside them, and a field for the size of its
-/// pixels beneath. Made with new; deletes itself with its window.
+/// Posted by the window to itself: what went wrong in a notification is told when that is over.
+inline constexpr UINT kTellProblem = WM_APP + 1;
+
+/// The main window: the pictures of a folder at the left, the chosen one beside them with a field for the size of its
+/// pixels, and a table of objects beneath, of which the selected one is marked in the picture. Made with new; deletes
+/// itself with its window.
 class MainFrame : public CFrameWnd, private cdxCDynamicWnd
 {
 public:
@@ -30,7 +36,8 @@ public:
     /// Creates the window with all its parts, not shown yet.
     /// @return FALSE when the system refuses; the object is gone then.
     BOOL CreateWindows();
-    /// Shows the pictures of a folder, or a file among those of its folder.
+    /// Shows the pictures of a folder, or a file among those of its folder. A table is opened, beside the picture that
+    /// its name belongs to if there is one.
     void OpenPath(const std::string& path);
 
     void RecalcLayout(BOOL notify = TRUE) override;
@@ -47,7 +54,9 @@ protected:
     afx_msg void OnSetFocus(CWnd* old);
     afx_msg void OnSysColorChange();
     afx_msg void OnFileOpen();
+    afx_msg void OnFileOpenTable();
     afx_msg void OnFileExit();
+    afx_msg void OnEditRename();
     afx_msg void OnEditDelete();
     afx_msg void OnEditSettings();
     afx_msg void OnViewNext();
@@ -58,13 +67,19 @@ protected:
     afx_msg void OnHelpAbout();
     afx_msg void OnGoPictures();
     afx_msg void OnGoPixelSize();
-    afx_msg void OnUpdateDelete(CCmdUI* command);
+    afx_msg void OnGoTable();
+    afx_msg void OnGoClass();
+    afx_msg void OnUpdateHasPicture(CCmdUI* command);
     afx_msg void OnUpdateDetails(CCmdUI* command);
     afx_msg void OnUpdateNext(CCmdUI* command);
     afx_msg void OnUpdatePrevious(CCmdUI* command);
     afx_msg void OnUpdateScaleBar(CCmdUI* command);
-    afx_msg void OnListSelection();
-    afx_msg void OnListFocus();
+    afx_msg void OnListItemChanged(NMHDR* header, LRESULT* result);
+    afx_msg void OnListNameEdited(NMHDR* header, LRESULT* result);
+    afx_msg void OnListFocus(NMHDR* header, LRESULT* result);
+    afx_msg void OnTablePlace();
+    afx_msg void OnTableFocus();
+    afx_msg LRESULT OnTellProblem(WPARAM wParam, LPARAM lParam);
     afx_msg void OnDetailsFocus();
     afx_msg void OnPixelSizeChange();
     afx_msg void OnPixelSizeFocus();
@@ -74,11 +89,15 @@ private:
     __dynEntry const* __getDynMap(__dynEntry const* base) const override;
     [[nodiscard]] BOOL CreateParts();
     void Apply(const Settings& settings);
+    [[nodiscard]] std::string AskForFile(const char* title, const std::string& filter);
+    void OpenTable(const std::string& path);
     [[nodiscard]] bool MayDelete(const std::string& name);
     void MeasureFont();
     void FillList(int selection);
     void Select(int index);
-    void ShowSelection();
+    void ShowCurrent();
+    void UpdateMark();
+    [[nodiscard]] std::string CurrentPath() const;
     void UpdateStatus();
     void SetStatus(int part, const std::string& text);
     [[nodiscard]] int StatusHeight() const;
@@ -92,14 +111,19 @@ private:
     CFont m_font;
     DialogUnits m_units;
     CStatic m_listLabel;
-    CListBox m_list;
+    PictureListCtrl m_list;
     PictureView m_view;
     CStatic m_pixelLabel;
     CFloatEdit m_pixelSize;
     CStatic m_pixelUnit;
+    TablePane m_table;
     CWnd m_status;
     CWnd* m_focus = &m_list; // the part that had the focus last
     PictureList m_pictures;
+    int m_current = -1;                // the picture shown; -1 for none
+    bool m_isFilling = false;          // what the list tells meanwhile isn't the user's doing
+    std::string m_measured;            // the picture that the table belongs to
+    std::string m_problem;             // to be told when the notification under way is over
     std::optional<PictureInfo> m_info; // of the picture shown
     std::string m_pixelSizeBefore;     // what Esc brings back
 };

@@ -4,6 +4,8 @@
 
 #include <windows.h>
 
+#include <algorithm>
+#include <climits>
 #include <memory>
 
 namespace workbench
@@ -98,6 +100,36 @@ void PictureList::Remove(size_t index)
     {
         m_problem = "All pictures of \"" + m_folder + "\" were deleted from the list. F5 brings them back.";
     }
+}
+
+std::string PictureList::Rename(size_t index, const std::string& name)
+{
+    std::string& old = m_names.at(index);
+    if (std::string problem = NameProblem(name); !problem.empty())
+    {
+        return problem;
+    }
+    if (!::MoveFileA(PathOf(index).c_str(), Join(m_folder, name).c_str()))
+    {
+        return ::GetLastError() == ERROR_ALREADY_EXISTS || ::GetLastError() == ERROR_FILE_EXISTS
+                   ? "There is a file \"" + name + "\" already."
+                   : "The system doesn't let \"" + old + "\" be renamed to \"" + name + "\".";
+    }
+    if (m_asked == old)
+    {
+        m_asked = name;
+    }
+    old = name;
+    return {};
+}
+
+int PictureList::KiloBytesOf(size_t index) const
+{
+    constexpr ULONGLONG kKiloByte = 1024;
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    ::GetFileAttributesExA(PathOf(index).c_str(), GetFileExInfoStandard, &data);
+    const ULONGLONG bytes = ULONGLONG{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
+    return static_cast<int>(std::min<ULONGLONG>((bytes + kKiloByte - 1) / kKiloByte, INT_MAX));
 }
 
 int PictureList::Asked() const { return IndexOfName(m_names, m_asked); }

@@ -18,6 +18,9 @@ public:
     void Reload();
     /// Takes a picture off the list; the file is left alone. An index out of range changes nothing.
     void Remove(size_t index);
+    /// Gives a picture's file another name in its folder. Its place in the list stays.
+    /// @return why that can't be done, as a sentence; nothing has changed then. Empty on success.
+    [[nodiscard]] std::string Rename(size_t index, const std::string& name);
 
     [[nodiscard]] const std::string& Folder() const { return m_folder; }
     /// Names without the folder, in the order of the list.
@@ -26,6 +29,8 @@ public:
     [[nodiscard]] int Asked() const;
     /// The whole path of a picture.
     [[nodiscard]] std::string PathOf(size_t index) const;
+    /// Size of a picture's file, rounded up; 0 when the file is gone.
+    [[nodiscard]] int KiloBytesOf(size_t index) const;
     /// Why there is nothing to show, as a sentence; empty when there is something.
     [[nodiscard]] const std::string& Problem() const { return m_problem; }
 

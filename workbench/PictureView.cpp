@@ -15,10 +15,17 @@ constexpr char kDetailsText[] = "&Details...";
 constexpr int kWidestBarDivisor = 3;
 constexpr int kWidestBarLabels = 16;
 
+// The ring around a marked place, in pixels.
+constexpr int kMarkWidth = 3;
+constexpr int kMarkEdge = 5;
+constexpr COLORREF kMarkColor = RGB(255, 255, 0);
+constexpr COLORREF kMarkEdgeColor = RGB(0, 0, 0);
+
 // Measures in parts of the label's height.
 int BarThickness(int labelHeight) { return std::max(2, labelHeight / 4); }
 int PlatePadding(int labelHeight) { return std::max(3, labelHeight / 3); }
 int PlateMargin(int labelHeight) { return std::max(4, labelHeight / 2); }
+int MarkRadius(int labelHeight) { return std::max(6, labelHeight * 3 / 4); }
 int ButtonHeight(int labelHeight) { return labelHeight * 7 / 4; }
 
 int LabelHeight(CFont& font)
@@ -94,6 +101,16 @@ void PictureView::ShowScaleBar(bool show)
 {
     m_showScaleBar = show;
     UpdateScaleBar();
+}
+
+void PictureView::SetMark(const std::optional<ObjectPlace>& mark)
+{
+    if (m_mark != mark)
+    {
+        m_mark = mark;
+        DescribeContent();
+        Invalidate(FALSE);
+    }
 }
 
 void PictureView::SetColors(const ViewColors& colors)
@@ -209,6 +226,10 @@ void PictureView::DescribeContent()
     {
         text += ", scale bar " + m_bar->label;
     }
+    if (MarkPoint())
+    {
+        text += ", object at " + PlaceText(*m_mark);
+    }
     CString old;
     GetWindowText(old);
     if (old != text.c_str())
@@ -245,6 +266,24 @@ void PictureView::DrawScaleBar(CDC& dc)
     dc.FillSolidRect(left, plate.bottom - padding - thickness, m_bar->pixels, thickness, m_colors.bar);
 }
 
+std::optional<POINT> PictureView::MarkPoint() const
+{
+    return m_mark && HasPicture() ? PointOfPlace(*m_mark, m_pictureSize, PictureRect()) : std::nullopt;
+}
+
+/// A bright ring within a dark one, so that it is seen on any picture.
+void PictureView::DrawMark(CDC& dc, CPoint middle)
+{
+    const int radius = MarkRadius(LabelHeight(*m_font));
+    const SelectScope hollow(dc, NULL_BRUSH);
+    for (const auto& [width, color] : {std::pair(kMarkEdge, kMarkEdgeColor), std::pair(kMarkWidth, kMarkColor)})
+    {
+        CPen pen(PS_SOLID, width, color);
+        const SelectScope scope(dc, pen);
+        dc.Ellipse(middle.x - radius, middle.y - radius, middle.x + radius + 1, middle.y + radius + 1);
+    }
+}
+
 BOOL PictureView::OnCommand(WPARAM wParam, LPARAM lParam)
 {
     GetParent()->SendMessage(WM_COMMAND, wParam, lParam);
@@ -266,6 +305,10 @@ void PictureView::OnPaint()
     if (m_bar)
     {
         DrawScaleBar(buffer);
+    }
+    if (const auto mark = MarkPoint())
+    {
+        DrawMark(buffer, *mark);
     }
     dc.BitBlt(0, 0, client.Width(), client.Height(), &buffer, 0, 0, SRCCOPY);
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/MemoryPicture.h"
+#include "workbench/ObjectPlace.h"
 #include "workbench/ScaleBar.h"
 #include "workbench/ViewColors.h"
 
@@ -14,7 +15,8 @@ namespace workbench
 {
 /// Shows one picture, as large as the window allows, or a message in its place. The picture is read once for each file
 /// and size of the window; a repaint only copies it. The window's text says what is shown: the picture's path with the
-/// scale bar's length, or the message. What its button says goes to the parent window, as if it were the parent's.
+/// scale bar's length and the marked place, or the message. What its button says goes to the parent window, as if it
+/// were the parent's.
 class PictureView : public CWnd
 {
 public:
@@ -41,6 +43,8 @@ public:
     void SetPixelSize(std::optional<double> pixelSize);
     void ShowScaleBar(bool show);
     void SetColors(const ViewColors& colors);
+    /// Marks a place of the picture by a ring around it; one outside the picture gets none.
+    void SetMark(const std::optional<ObjectPlace>& mark);
     [[nodiscard]] bool IsScaleBarShown() const { return m_showScaleBar; }
 
 protected:
@@ -58,6 +62,8 @@ private:
     void PlaceDetails();
     [[nodiscard]] CSize DetailsSize() const;
     void DrawScaleBar(CDC& dc);
+    [[nodiscard]] std::optional<POINT> MarkPoint() const;
+    void DrawMark(CDC& dc, CPoint middle);
     void UpdateScaleBar();
     void DescribeContent();
     [[nodiscard]] COLORREF Background() const;
@@ -73,7 +79,8 @@ private:
     std::optional<double> m_pixelSize;
     bool m_showScaleBar = true;
     std::optional<ScaleBar> m_bar; // what fits at present
-    MemoryPicture m_picture;       // picture or message at the size of the window
-    MemoryPicture m_buffer;        // the same with the scale bar, for painting in one step
+    std::optional<ObjectPlace> m_mark;
+    MemoryPicture m_picture; // picture or message at the size of the window
+    MemoryPicture m_buffer;  // the same with scale bar and mark, for painting in one step
 };
 } // namespace workbench

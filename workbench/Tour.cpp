@@ -8,6 +8,7 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -99,12 +100,14 @@ void Tour::Run()
         if (ListCount() > 0) // nothing else can be as expected
         {
             VisitPictures();
+            VisitTable();
             VisitSizes();
             VisitPixelSize();
             VisitMenus();
             VisitSettings();
             VisitDelete();
             VisitAbout();
+            VisitNames();
             VisitBadFiles();
         }
         WritePage();
@@ -261,16 +264,49 @@ std::string Tour::StatusText(int part) const
     return text;
 }
 
-int Tour::ListCount() const { return static_cast<int>(Ask(Part(IDC_PICTURE_LIST), LB_GETCOUNT, 0, 0)); }
+int Tour::ListCount() const { return RowCount(Part(IDC_PICTURE_LIST)); }
 
-std::string Tour::ListText(int index) const
+std::string Tour::ListText(int row) const { return CellText(Part(IDC_PICTURE_LIST), row, 0); }
+
+int Tour::RowCount(HWND list) { return static_cast<int>(Ask(list, LVM_GETITEMCOUNT, 0, 0)); }
+
+std::string Tour::CellText(HWND list, int row, int column)
 {
-    HWND list = Part(IDC_PICTURE_LIST);
-    const auto number = static_cast<WPARAM>(index);
-    std::string text(static_cast<size_t>(std::max<LRESULT>(0, Ask(list, LB_GETTEXTLEN, number, 0))) + 1, '\0');
-    const LRESULT length = Ask(list, LB_GETTEXT, number, reinterpret_cast<LPARAM>(text.data()));
-    text.resize(static_cast<size_t>(std::max<LRESULT>(0, length)));
-    return text;
+    char text[MAX_PATH]{};
+    LVITEMA item{};
+    item.iSubItem = column;
+    item.pszText = text;
+    item.cchTextMax = sizeof text;
+    Ask(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
+    return item.pszText;
+}
+
+int Tour::SelectedRow(HWND list)
+{
+    return static_cast<int>(Ask(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+POINT Tour::CellPoint(HWND list, int row, int column)
+{
+    RECT place{};
+    place.top = column;
+    place.left = column == 0 ? LVIR_LABEL : LVIR_BOUNDS;
+    Ask(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&place));
+    constexpr LONG kInside = 24; // from the cell's left, where its text stands
+    POINT point{std::min(place.left + kInside, (place.left + place.right) / 2), (place.top + place.bottom) / 2};
+    ::ClientToScreen(list, &point);
+    return point;
+}
+
+POINT Tour::CaptionPoint(HWND list, int column, int nth)
+{
+    auto* const header = reinterpret_cast<HWND>(Ask(list, LVM_GETHEADER, 0, 0));
+    RECT place{};
+    Ask(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&place));
+    constexpr LONG kPlaces = 3; // the divider at the end is for dragging
+    POINT point{place.left + (place.right - place.left) * (nth + 1) / kPlaces, (place.top + place.bottom) / 2};
+    ::ClientToScreen(header, &point);
+    return point;
 }
 
 HWND Tour::Focus() const

@@ -38,6 +38,9 @@ private:
     void Run();
     void VisitStart();
     void VisitPictures();
+    void VisitTable();
+    void VisitClasses();
+    void VisitNames();
     void VisitSizes();
     void VisitPixelSize();
     void VisitMenus();
@@ -71,8 +74,19 @@ private:
     [[nodiscard]] std::string TextOf(HWND window) const;
     [[nodiscard]] std::string ViewText() const;
     [[nodiscard]] std::string StatusText(int part) const;
+    /// Rows of the list of pictures, and the name in one of them.
     [[nodiscard]] int ListCount() const;
-    [[nodiscard]] std::string ListText(int index) const;
+    [[nodiscard]] std::string ListText(int row) const;
+    // Of any list.
+    [[nodiscard]] static int RowCount(HWND list);
+    [[nodiscard]] static std::string CellText(HWND list, int row, int column);
+    /// The selected row; -1 without one.
+    [[nodiscard]] static int SelectedRow(HWND list);
+    [[nodiscard]] static POINT CellPoint(HWND list, int row, int column);
+    /// A place on a column's caption. @param nth  two clicks on the same place would be a double click
+    [[nodiscard]] static POINT CaptionPoint(HWND list, int column, int nth);
+    /// Opens a file by its name in the system's dialog that is on the screen.
+    void OpenInDialog(const char* title, const std::string& path, const char* pictureName, const char* caption);
     [[nodiscard]] HWND Focus() const;
     /// A visible top-level window of the program, by class and, unless null, title; null when there is none.
     [[nodiscard]] HWND Popup(const char* className, const char* title) const;

@@ -46,7 +46,7 @@ void Tour::VisitStart()
           "the main window is in front and its list has the focus");
     Check(TextOf(m_frame) == kTitle, "the title is that of the program");
     Check(ListCount() > 0, "the list holds the samples");
-    Check(::SendMessageA(Part(IDC_PICTURE_LIST), LB_GETCURSEL, 0, 0) == 0, "the first picture is chosen");
+    Check(SelectedRow(Part(IDC_PICTURE_LIST)) == 0, "the first picture is chosen");
     Check(TextOf(Part(IDC_PIXEL_SIZE)).empty(), "the pixel size is empty");
     Picture("start", "At the start the first of the samples is shown.");
 }
@@ -57,11 +57,7 @@ void Tour::VisitPictures()
     for (int i = 0; i < ListCount(); ++i)
     {
         const std::string name = ListText(i);
-        RECT item{};
-        Ask(list, LB_GETITEMRECT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&item));
-        POINT place{(item.left + item.right) / 2, (item.top + item.bottom) / 2};
-        ::ClientToScreen(list, &place);
-        Click(place);
+        Click(CellPoint(list, i, 0));
         Await([&] { return ViewText().ends_with("\\" + name) && StatusText(0) == name; }, name + " is shown");
         Check(StatusText(1).ends_with(" pixels"), "the status bar tells the size of " + name);
         Check(StatusText(2).find(" channel") != std::string::npos, "the status bar tells the channels of " + name);
@@ -318,9 +314,26 @@ void Tour::VisitDetails()
     Await([&] { return Focus() == button; }, "the focus is back on the button");
 }
 
+void Tour::OpenInDialog(const char* title, const std::string& path, const char* pictureName, const char* caption)
+{
+    HWND dialog = nullptr;
+    if (!Await([&] { return (dialog = Popup(kDialogClass, title)) != nullptr && ::IsWindowEnabled(dialog); },
+               std::string("the system's dialog \"") + title + "\" opens"))
+    {
+        return;
+    }
+    constexpr int kNameId = 1148; // cmb13 of the system's dialog
+    HWND name = ::GetDlgItem(dialog, kNameId);
+    Await([&] { return Focus() == name || ::IsChild(name, Focus()); }, "the file name has the focus");
+    TypeText(path);
+    Await([&] { return TextOf(name) == path; }, "the file's name can be typed");
+    Picture(pictureName, caption);
+    PressKey(VK_RETURN);
+    Await([&] { return !::IsWindow(dialog); }, "Enter closes the system's dialog");
+}
+
 void Tour::VisitBadFiles()
 {
-    constexpr char kOpenTitle[] = "Open Picture";
     std::error_code error;
     const auto folder =
         std::filesystem::temp_directory_path(error) / ("workbench-tour-" + std::to_string(::GetCurrentProcessId()));
@@ -329,19 +342,7 @@ void Tour::VisitBadFiles()
     Check(WriteBrokenPicture(broken), "the broken picture can be written");
 
     PressKey('O', {VK_CONTROL});
-    HWND dialog = nullptr;
-    if (Await([&] { return (dialog = Popup(kDialogClass, kOpenTitle)) != nullptr && ::IsWindowEnabled(dialog); },
-              "Ctrl+O opens the system's dialog"))
-    {
-        constexpr int kNameId = 1148; // cmb13 of the system's dialog
-        HWND name = ::GetDlgItem(dialog, kNameId);
-        Await([&] { return Focus() == name || ::IsChild(name, Focus()); }, "the file name has the focus");
-        TypeText(broken.string());
-        Await([&] { return TextOf(name) == broken.string(); }, "the file's name can be typed");
-        Picture("open", "Opening a picture by its name.");
-        PressKey(VK_RETURN);
-        Await([&] { return !::IsWindow(dialog); }, "Enter closes the system's dialog");
-    }
+    OpenInDialog("Open Picture", broken.string(), "open", "Opening a picture by its name.");
     Await([this] { return ViewText() == std::string("\"") + kBrokenName + "\" can't be read."; },
           "a picture that can't be read is named");
     Check(StatusText(0) == kBrokenName, "the status bar names the broken picture");

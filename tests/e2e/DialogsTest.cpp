@@ -160,7 +160,7 @@ using WorkbenchSettings = DialogsTest;
 using WorkbenchDelete = DialogsTest;
 using WorkbenchDetails = DialogsTest;
 
-TEST_F(WorkbenchLayout, GivesAllFurtherRoomToTheViewAndKeepsTheFieldsUnderIt)
+TEST_F(WorkbenchLayout, SharesFurtherHeightBetweenViewAndTableAndGivesAllWidthToBoth)
 {
     Start(WriteTwoColours("two.bmp", 200, 100));
     HWND frame = Workbench().Window();
@@ -172,9 +172,9 @@ TEST_F(WorkbenchLayout, GivesAllFurtherRoomToTheViewAndKeepsTheFieldsUnderIt)
     const auto moved = [](RECT rect, LONG left, LONG top, LONG right, LONG bottom) {
         return RECT{rect.left + left, rect.top + top, rect.right + right, rect.bottom + bottom};
     };
-    const int ids[]{IDC_PICTURE_LABEL, IDC_PICTURE_LIST, IDC_PICTURE_VIEW,
-                    IDC_PIXEL_LABEL,   IDC_PIXEL_SIZE,   IDC_PIXEL_UNIT};
-    for (const POINT by : {POINT{70, 50}, POINT{-130, -90}, POINT{1, -1}})
+    const int ids[]{IDC_PICTURE_LABEL, IDC_PICTURE_LIST, IDC_PICTURE_VIEW, IDC_PIXEL_LABEL,
+                    IDC_PIXEL_SIZE,    IDC_PIXEL_UNIT,   IDC_TABLE_PANE};
+    for (const POINT by : {POINT{70, 50}, POINT{-130, -90}, POINT{60, -35}})
     {
         std::vector<RECT> before;
         for (const int id : ids)
@@ -182,13 +182,15 @@ TEST_F(WorkbenchLayout, GivesAllFurtherRoomToTheViewAndKeepsTheFieldsUnderIt)
             before.push_back(place(id));
         }
         DragCorner(Workbench(), frame, by.x, by.y);
-        ASSERT_TRUE(PumpUntil([&] { return place(IDC_PICTURE_VIEW) == moved(before[2], 0, 0, by.x, by.y); }));
+        const LONG down = by.y * 3 / 5; // the view's part; the table gets the rest
+        ASSERT_TRUE(PumpUntil([&] { return place(IDC_PICTURE_VIEW) == moved(before[2], 0, 0, by.x, down); }));
         EXPECT_TRUE(place(IDC_PICTURE_LABEL) == before[0]);
-        EXPECT_TRUE(place(IDC_PICTURE_LIST) == moved(before[1], 0, 0, 0, by.y));
-        for (size_t i = 3; i < std::size(ids); ++i)
+        EXPECT_TRUE(place(IDC_PICTURE_LIST) == moved(before[1], 0, 0, 0, down));
+        for (size_t i = 3; i < std::size(ids) - 1; ++i)
         {
-            EXPECT_TRUE(place(ids[i]) == moved(before[i], 0, by.y, 0, by.y)) << i;
+            EXPECT_TRUE(place(ids[i]) == moved(before[i], 0, down, 0, down)) << i;
         }
+        EXPECT_TRUE(place(IDC_TABLE_PANE) == moved(before.back(), 0, down, by.x, by.y));
     }
 }
 
@@ -476,6 +478,7 @@ TEST_F(WorkbenchDetails, AreOpenedByTheButtonByEnterInTheListAndByTheMenu)
         EXPECT_TRUE(HasFocus(field)) << "and not the button that is grey now";
         PressKey(VK_ESCAPE);
         ASSERT_TRUE(IsGone(dialog));
+        ASSERT_TRUE(PumpUntil([&] { return ::GetForegroundWindow() == Workbench().Window(); }));
     }
 }
 

@@ -8,7 +8,6 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <filesystem>
 #include <string_view>
 
 namespace e2e
@@ -76,6 +75,20 @@ public:
     RemoteBuffer& operator=(const RemoteBuffer&) = delete;
 
     [[nodiscard]] LPARAM Address() const { return reinterpret_cast<LPARAM>(m_memory); }
+    /// Writes the bytes of a value to the memory's start.
+    template <class T>
+    void Write(const T& value) const
+    {
+        ::WriteProcessMemory(m_process, m_memory, &value, sizeof value, nullptr);
+    }
+    /// The value whose bytes stand at the memory's start.
+    template <class T>
+    [[nodiscard]] T ReadValue() const
+    {
+        T value{};
+        ::ReadProcessMemory(m_process, m_memory, &value, sizeof value, nullptr);
+        return value;
+    }
     [[nodiscard]] std::string Read(size_t length) const
     {
         std::string text(length, '\0');
@@ -142,31 +155,75 @@ HWND WorkbenchProcess::View() const { return ::GetDlgItem(m_window, IDC_PICTURE_
 
 HWND WorkbenchProcess::Field() const { return ::GetDlgItem(m_window, IDC_PIXEL_SIZE); }
 
-std::vector<std::string> WorkbenchProcess::Names() const
+HWND WorkbenchProcess::Table() const { return ::GetDlgItem(::GetDlgItem(m_window, IDC_TABLE_PANE), IDC_TABLE_LIST); }
+
+HWND WorkbenchProcess::ClassBox() const
 {
-    std::vector<std::string> names;
-    const auto count = ::SendMessageA(List(), LB_GETCOUNT, 0, 0);
-    for (WPARAM i = 0; static_cast<LRESULT>(i) < count; ++i)
-    {
-        // In wide characters: between processes one platform forgets to translate the text of a list.
-        const LRESULT length = ::SendMessageW(List(), LB_GETTEXTLEN, i, 0);
-        std::wstring name(static_cast<size_t>(std::max<LRESULT>(0, length)) + 1, L'\0');
-        const LRESULT got = ::SendMessageW(List(), LB_GETTEXT, i, reinterpret_cast<LPARAM>(name.data()));
-        if (length < 0 || got < 0)
-        {
-            break; // the list became shorter meanwhile
-        }
-        name.resize(static_cast<size_t>(got));
-        names.push_back(std::filesystem::path(name).string());
-    }
-    return names;
+    return ::GetDlgItem(::GetDlgItem(m_window, IDC_TABLE_PANE), IDC_TABLE_CLASS);
 }
+
+std::vector<std::string> WorkbenchProcess::Names() const { return Column(List(), 0, RowCount(List())); }
 
 std::string WorkbenchProcess::Chosen() const
 {
-    const auto index = ::SendMessageA(List(), LB_GETCURSEL, 0, 0);
-    const auto names = Names();
-    return index >= 0 && index < static_cast<LRESULT>(names.size()) ? names[static_cast<size_t>(index)] : "";
+    const int row = SelectedRow(List());
+    return row >= 0 ? Cell(List(), row, 0) : "";
+}
+
+int WorkbenchProcess::RowCount(HWND list) const
+{
+    return static_cast<int>(::SendMessageA(list, LVM_GETITEMCOUNT, 0, 0));
+}
+
+std::string WorkbenchProcess::Cell(HWND list, int row, int column) const
+{
+    const RemoteBuffer text(m_process.hProcess, MAX_PATH);
+    const RemoteBuffer request(m_process.hProcess, sizeof(LVITEMA));
+    LVITEMA item{};
+    item.iSubItem = column;
+    item.pszText = reinterpret_cast<char*>(text.Address());
+    item.cchTextMax = MAX_PATH;
+    request.Write(item);
+    const auto length = ::SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), request.Address());
+    return text.Read(static_cast<size_t>(std::max<LRESULT>(0, length)));
+}
+
+std::vector<std::string> WorkbenchProcess::Column(HWND list, int column, int rows) const
+{
+    std::vector<std::string> cells;
+    for (int row = 0; row < rows; ++row)
+    {
+        cells.push_back(Cell(list, row, column));
+    }
+    return cells;
+}
+
+int WorkbenchProcess::SelectedRow(HWND list) const
+{
+    return static_cast<int>(::SendMessageA(list, LVM_GETNEXTITEM, static_cast<WPARAM>(-1), LVNI_SELECTED));
+}
+
+POINT WorkbenchProcess::CellPoint(HWND list, int row, int column) const
+{
+    const RemoteBuffer buffer(m_process.hProcess, sizeof(RECT));
+    // The message takes the column and the part of the cell in the rectangle that it fills.
+    buffer.Write(RECT{column == 0 ? LVIR_LABEL : LVIR_BOUNDS, column, 0, 0});
+    ::SendMessageA(list, LVM_GETSUBITEMRECT, static_cast<WPARAM>(row), buffer.Address());
+    const RECT cell = buffer.ReadValue<RECT>();
+    constexpr LONG kInText = 8;
+    return support::ScreenPoint(list, cell.left + kInText, (cell.top + cell.bottom) / 2);
+}
+
+void WorkbenchProcess::ClickCell(HWND list, int row, int column) const { support::Click(CellPoint(list, row, column)); }
+
+RECT WorkbenchProcess::CaptionRect(HWND list, int column) const
+{
+    auto* const header = reinterpret_cast<HWND>(::SendMessageA(list, LVM_GETHEADER, 0, 0));
+    const RemoteBuffer buffer(m_process.hProcess, sizeof(RECT));
+    ::SendMessageA(header, HDM_GETITEMRECT, static_cast<WPARAM>(column), buffer.Address());
+    const RECT place = buffer.ReadValue<RECT>();
+    const POINT corner = support::ScreenPoint(header, place.left, place.top);
+    return {corner.x, corner.y, corner.x + place.right - place.left, corner.y + place.bottom - place.top};
 }
 
 std::string WorkbenchProcess::ViewText() const { return TextOf(View()); }
@@ -200,13 +257,6 @@ bool WorkbenchProcess::IsInModalLoop() const
     info.cbSize = sizeof info;
     return ::GetGUIThreadInfo(m_process.dwThreadId, &info) &&
            (info.flags & (GUI_INMENUMODE | GUI_INMOVESIZE | GUI_POPUPMENUMODE | GUI_SYSTEMMENUMODE)) != 0;
-}
-
-void WorkbenchProcess::ClickLine(int index) const
-{
-    RECT item{};
-    ::SendMessageA(List(), LB_GETITEMRECT, static_cast<WPARAM>(index), reinterpret_cast<LPARAM>(&item));
-    support::Click(support::ScreenPoint(List(), (item.left + item.right) / 2, (item.top + item.bottom) / 2));
 }
 
 std::string TextOf(HWND window)

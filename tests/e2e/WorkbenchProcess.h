@@ -40,6 +40,9 @@ public:
     [[nodiscard]] HWND List() const;
     [[nodiscard]] HWND View() const;
     [[nodiscard]] HWND Field() const;
+    [[nodiscard]] HWND Table() const;
+    [[nodiscard]] HWND ClassBox() const;
+    /// Names in the list of pictures, from its top.
     [[nodiscard]] std::vector<std::string> Names() const;
     /// Name that is chosen in the list; "" when none is.
     [[nodiscard]] std::string Chosen() const;
@@ -53,8 +56,20 @@ public:
     /// True while a menu or a drag of the system holds the program.
     [[nodiscard]] bool IsInModalLoop() const;
 
-    /// Clicks on a line of the list.
-    void ClickLine(int index) const;
+    // Of a list, that of the pictures or the table. Rows and columns count from 0.
+    [[nodiscard]] int RowCount(HWND list) const;
+    [[nodiscard]] std::string Cell(HWND list, int row, int column) const;
+    /// The cells of a column in the first rows.
+    [[nodiscard]] std::vector<std::string> Column(HWND list, int column, int rows) const;
+    /// -1 when none is selected.
+    [[nodiscard]] int SelectedRow(HWND list) const;
+    /// Clicks on the text of a cell.
+    void ClickCell(HWND list, int row, int column) const;
+    [[nodiscard]] POINT CellPoint(HWND list, int row, int column) const;
+    /// The place of a column's caption, in screen pixels.
+    [[nodiscard]] RECT CaptionRect(HWND list, int column) const;
+    /// Clicks on a line of the list of pictures.
+    void ClickLine(int index) const { ClickCell(List(), index, 0); }
 
 private:
     PROCESS_INFORMATION m_process{};

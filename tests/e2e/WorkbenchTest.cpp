@@ -3,6 +3,7 @@
 #include "automation/Screenshot.h"
 #include "workbench/resource.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <fstream>
@@ -140,7 +141,7 @@ TEST_F(WorkbenchPicture, IsChosenByMouseAndKeyboardAndDescribedInTheStatusBar)
 
 TEST_F(WorkbenchPicture, FillsItsAreaKeepsItsAspectAndFollowsTheWindow)
 {
-    Start(WriteTwoColours("two.bmp", 200, 100));
+    Start(WriteTwoColours("two.bmp", 400, 100));
     HWND view = Workbench().View();
     const COLORREF around = ::GetSysColor(COLOR_APPWORKSPACE);
     ASSERT_NE(around, kRed);
@@ -151,11 +152,12 @@ TEST_F(WorkbenchPicture, FillsItsAreaKeepsItsAspectAndFollowsTheWindow)
         {
             DragCorner(Workbench(), Workbench().Window(), drag.x, drag.y);
             ASSERT_TRUE(PumpUntil([&] { return ClientSize(view).cx == before.cx + drag.x; }));
-            EXPECT_EQ(ClientSize(view).cy, before.cy + drag.y);
+            constexpr double kViewPart = 0.6; // the table takes the rest of the height
+            EXPECT_NEAR(ClientSize(view).cy, before.cy + kViewPart * drag.y, 1);
         }
         const SIZE size = ClientSize(view);
-        ASSERT_LT(size.cx, 2 * size.cy) << "the picture takes the whole width";
-        const int height = (size.cx + 1) / 2;
+        ASSERT_LT(size.cx, 4 * size.cy) << "the picture takes the whole width";
+        const int height = (size.cx + 2) / 4;
         const int top = (size.cy - height) / 2;
         const int middle = size.cx / 2;
         EXPECT_TRUE(Becomes(view, 0, top + 1, kRed)) << size.cx << " x " << size.cy;
@@ -165,7 +167,7 @@ TEST_F(WorkbenchPicture, FillsItsAreaKeepsItsAspectAndFollowsTheWindow)
         EXPECT_TRUE(Becomes(view, size.cx - 1, top + 1, kBlue));
         EXPECT_TRUE(Becomes(view, middle, top - 2, around));
         EXPECT_TRUE(Becomes(view, middle, top + height + 1, around));
-        const long percent = std::lround(100.0 * size.cx / 200);
+        const long percent = std::lround(100.0 * size.cx / 400);
         EXPECT_TRUE(PumpUntil([&] { return Workbench().Status(statusZoom) == std::to_string(percent) + " %"; }));
     }
 }
@@ -203,10 +205,10 @@ TEST_F(WorkbenchScaleBar, HasTheLengthThatItsLabelSays)
 {
     Start(WriteTwoColours("two.bmp", 200, 100));
     HWND view = Workbench().View();
-    const double zoom = ClientSize(view).cx / 200.0;
-    // At half a micrometre the picture is 100 wide, and a third of it holds 20; at 3 it is 600, and holds 200.
+    const double zoom = std::min(ClientSize(view).cx / 200.0, ClientSize(view).cy / 100.0);
+    // At half a micrometre the picture is 100 wide, and a third of it holds 20; at 3.2 it is 640, and holds 200.
     for (const auto& [typed, label, length] :
-         {std::tuple{"0.5", "scale bar 20 \xB5m", 20 / 0.5}, std::tuple{"3", "scale bar 200 \xB5m", 200 / 3.0},
+         {std::tuple{"0.5", "scale bar 20 \xB5m", 20 / 0.5}, std::tuple{"3.2", "scale bar 200 \xB5m", 200 / 3.2},
           std::tuple{"40", "scale bar 2 mm", 2000 / 40.0}, std::tuple{".002", "scale bar 100 nm", 0.1 / 0.002}})
     {
         Retype(Workbench(), typed);
@@ -269,15 +271,17 @@ TEST_F(WorkbenchScaleBar, SizeIsRememberedUntilTheNextStart)
     EXPECT_EQ(Workbench().FieldText(), "");
 }
 
-TEST_F(WorkbenchKeys, TabGoesRoundBetweenListAndField)
+TEST_F(WorkbenchKeys, TabGoesRoundThePartsAndPassesOverTheClassesOfNoTable)
 {
     Start(Samples());
     PressKey(VK_TAB);
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Field(); }));
     PressKey(VK_TAB);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
+    PressKey(VK_TAB);
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().List(); }));
     PressKey(VK_TAB, {VK_SHIFT});
-    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Field(); }));
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
 }
 
 TEST_F(WorkbenchKeys, LettersOfTheLabelsLeadToTheirParts)
@@ -285,6 +289,8 @@ TEST_F(WorkbenchKeys, LettersOfTheLabelsLeadToTheirParts)
     Start(Samples());
     PressKey('P', {VK_MENU});
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Field(); }));
+    PressKey('T', {VK_MENU});
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
     PressKey('C', {VK_MENU});
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().List(); }));
 }

@@ -18,7 +18,8 @@ int Height(const RECT& rect) { return rect.bottom - rect.top; }
 
 std::vector<RECT> PartsOf(const FrameLayout& layout)
 {
-    return {layout.listLabel, layout.list, layout.view, layout.pixelLabel, layout.pixelSize, layout.pixelUnit};
+    return {layout.listLabel, layout.list,      layout.view, layout.pixelLabel,
+            layout.pixelSize, layout.pixelUnit, layout.table};
 }
 
 bool Overlap(const RECT& a, const RECT& b)
@@ -66,6 +67,8 @@ TEST(DesignFrame, AlignsItsParts)
     EXPECT_EQ(layout.pixelLabel.left, layout.view.left);
     EXPECT_EQ(layout.pixelLabel.top, layout.pixelUnit.top);
     EXPECT_EQ(layout.client.cx - layout.view.right, layout.list.left) << "the margins are the same on both sides";
-    EXPECT_EQ(layout.client.cy - layout.list.bottom, layout.view.top);
+    EXPECT_EQ(layout.client.cy - layout.table.bottom, layout.view.top);
+    EXPECT_EQ(layout.table.left, layout.list.left);
+    EXPECT_EQ(layout.table.right, layout.view.right);
 }
 } // namespace

@@ -69,10 +69,49 @@ TEST(PictureNames, AreFoundWithoutRegardToCase)
     EXPECT_EQ(IndexOfName(names, ""), -1);
 }
 
+TEST(TableNames, AreKnownByTheirExtensionInAnyCase)
+{
+    for (const char* name : {"a.csv", "a.TCSV", "a.txt", "a.tsv", "a.tab", "a.Dbf"})
+    {
+        EXPECT_TRUE(IsTableName(name)) << name;
+    }
+    for (const char* name : {"", ".csv", "csv", "a.tif", "a.csv.bak"})
+    {
+        EXPECT_FALSE(IsTableName(name)) << name;
+    }
+}
+
+TEST(TableNames, LeadToThePictureWhoseNameTheyBeginWith)
+{
+    const std::vector<std::string> pictures{"cell.tif", "Cell_2.png", "deepfield.tif", ".tif"};
+    EXPECT_EQ(PictureOfTable(pictures, "deepfield_objects.csv"), 2);
+    EXPECT_EQ(PictureOfTable(pictures, "CELL.csv"), 0);
+    EXPECT_EQ(PictureOfTable(pictures, "cell_2_objects.csv"), 1) << "the longest name counts";
+    EXPECT_EQ(PictureOfTable(pictures, "nuclei.csv"), -1);
+    EXPECT_EQ(PictureOfTable(pictures, "cel.csv"), -1);
+    EXPECT_EQ(PictureOfTable({}, "cell.csv"), -1);
+}
+
+TEST(NameProblem, RefusesWhatNoPictureCanBeCalled)
+{
+    EXPECT_EQ(NameProblem("a b.tif"), "");
+    EXPECT_EQ(NameProblem("a.b.PNG"), "");
+    for (const char* name : {"a\\b.tif", "a/b.tif", "c:a.tif", "a?.tif", "a\n.tif", "a|b.tif"})
+    {
+        EXPECT_EQ(NameProblem(name), "The name of a file can't hold any of \\/:*?\"<>|.") << name;
+    }
+    for (const char* name : {"", "a", "a.csv", ".tif"})
+    {
+        EXPECT_EQ(NameProblem(name), "A picture's name ends with one of *.tif;*.tiff;*.png;*.jpg;*.jpeg;*.bmp;*.gif.")
+            << name;
+    }
+}
+
 TEST(PictureFilter, IsAListOfPairsThatEndsWithTwoNuls)
 {
     const std::string filter = PictureFilter();
     EXPECT_TRUE(filter.ends_with("\0*.*\0\0"sv));
     EXPECT_NE(filter.find("\0*.tif;*.tiff;*.png;*.jpg;*.jpeg;*.bmp;*.gif\0"sv), std::string::npos);
+    EXPECT_TRUE(TableFilter().starts_with("Tables (*.csv;*.tcsv;*.txt;*.tsv;*.tab;*.dbf)\0*.csv;"sv));
 }
 } // namespace
