@@ -8,18 +8,8 @@
 class CTavTreeCtrl::ItemWatch
 {
 public:
-    explicit ItemWatch(CTavTreeCtrl& tree, HTREEITEM item = nullptr)
-        : m_pTree(&tree), m_hWnd(tree.m_hWnd), m_hItem(item), m_pBelow(tree.m_pTopWatch)
-    {
-        tree.m_pTopWatch = this;
-    }
-    ~ItemWatch()
-    {
-        if (m_pTree != nullptr)
-        {
-            m_pTree->m_pTopWatch = m_pBelow;
-        }
-    }
+    explicit ItemWatch(CTavTreeCtrl& tree, HTREEITEM item = nullptr);
+    ~ItemWatch();
     ItemWatch(ItemWatch const&) = delete;
     ItemWatch& operator=(ItemWatch const&) = delete;
 
