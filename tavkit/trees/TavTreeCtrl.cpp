@@ -99,14 +99,11 @@ LRESULT CTavTreeCtrl::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     }
     if (message == WM_DESTROY)
     {
-        if (m_nDragKind != DragKind::none && !m_bDropping)
-        {
-            ReleaseDrag();
-        }
-        ResetDrag();
+        AbandonDrag();
+        m_hDragItem = nullptr;
         m_hClickItem = nullptr;
         m_pMend->ForgetHilight();
-        m_pFinder->Forget();
+        m_pFinder->Restart();
     }
     ItemWatch const watch(*this);
     LRESULT const answer = CTreeCtrl::DefWindowProc(message, wParam, lParam);
@@ -119,12 +116,12 @@ LRESULT CTavTreeCtrl::ChangeItems(UINT message, WPARAM wParam, LPARAM lParam)
     {
         ForgetItems(reinterpret_cast<HTREEITEM>(lParam), message == TVM_DELETEITEM);
     }
-    tavkit::TreeFinder::Change const change = m_pFinder->Begin(message, lParam);
+    tavkit::TreeFinder::Change const change = m_pFinder->Begin(tavkit::WindowTree(m_hWnd, m_pfnSuper), message, lParam);
     ItemWatch const watch(*this);
     LRESULT const answer = CTreeCtrl::DefWindowProc(message, wParam, lParam);
     if (watch.ObjectIsThere())
     {
-        m_pFinder->End(*this, change, answer);
+        m_pFinder->End(tavkit::WindowTree(m_hWnd, m_pfnSuper), change, answer);
     }
     return answer;
 }

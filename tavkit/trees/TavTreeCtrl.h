@@ -24,6 +24,9 @@ enum class DragKind : int;
 /// and hides the cursor. Another window that takes the capture away doesn't end it: the next release over the tree
 /// does. Only when the tree's window or the dragged item goes away does a drag end without any hook.
 ///
+/// What there is no hook for goes to the parent as from any tree: TVN_ITEMEXPANDING, for one, where a host fills a
+/// branch as it is opened.
+///
 /// Every hook may delete items, select others, run a loop of its own (a menu that asks what to do with the drop) or
 /// destroy the tree. Nothing is reported to the user; what the control refuses is ignored. All of it belongs on the
 /// thread of the window.
@@ -66,8 +69,9 @@ public:
     [[nodiscard]] bool IsRghtDrag() const;
 
     // Lookups give the first match, an item coming before what stands under it and that before its next brother; null
-    // if there is none. Those by data learn the tree and find at once later, whatever is changed meanwhile, as long as
-    // no more than one item has the value.
+    // if there is none. Those by data find at once, whatever is changed and however, as long as one item has the value;
+    // among several the first is walked to, and so are all in a window that was taken over with its items, until the
+    // tree has been learned.
 
     HTREEITEM FindItem(DWORD_PTR data);
     /// @param start  searches this item and what stands under it; null and TVI_ROOT search the whole tree
@@ -194,6 +198,7 @@ private:
     void HideDragImage();
     void DragTo(CPoint point);
     void ScrollWithDrag(LONG y);
+    void AbandonDrag();
     void ReleaseDrag();
     void ResetDrag();
     void ReleaseButton(tavkit::DragButton button, CPoint point);

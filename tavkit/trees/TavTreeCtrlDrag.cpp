@@ -145,8 +145,6 @@ void CTavTreeCtrl::EndDrag(HTREEITEM target)
     {
         return;
     }
-    ReleaseDrag();
-
     ItemWatch const drop(*this, target);
     struct Reset // also when a hook throws
     {
@@ -161,10 +159,21 @@ void CTavTreeCtrl::EndDrag(HTREEITEM target)
         }
     } const reset{*this, drop};
 
-    m_bDropping = true;
+    m_bDropping = true; // first: losing the capture may bring a host back here
+    ReleaseDrag();
     if (IsDragTrgt(m_hDragItem, target) && drop.ItemIsThere() && m_hDragItem != nullptr)
     {
         OnDragEnd(m_hDragItem, target);
+    }
+}
+
+void CTavTreeCtrl::AbandonDrag()
+{
+    if (IsInDragMode() && !m_bDropping)
+    {
+        m_bDropping = true;
+        ReleaseDrag();
+        ResetDrag();
     }
 }
 

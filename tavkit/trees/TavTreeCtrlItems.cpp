@@ -71,8 +71,9 @@ HTREEITEM CTavTreeCtrl::FindItem(DWORD_PTR data) { return FindItem(data, nullptr
 
 HTREEITEM CTavTreeCtrl::FindItem(DWORD_PTR data, HTREEITEM start)
 {
-    // A window that was only attached sends its messages past us.
-    return m_pFinder->Find(*this, data, start == TVI_ROOT ? nullptr : start, m_pfnSuper != nullptr);
+    // A window that was only attached has no procedure under ours, and its messages go past us.
+    return m_pFinder->Find(tavkit::WindowTree(m_hWnd, m_pfnSuper), data, start == TVI_ROOT ? nullptr : start,
+                           m_pfnSuper != nullptr);
 }
 
 HTREEITEM CTavTreeCtrl::FindItem(CString const& text)
@@ -104,7 +105,7 @@ HTREEITEM CTavTreeCtrl::FindItem(CString const& text)
 
 void CTavTreeCtrl::PreSubclassWindow()
 {
-    m_pFinder->Forget(); // what was changed before wasn't seen
+    m_pFinder->Restart(); // what was changed before wasn't seen
     CTreeCtrl::PreSubclassWindow();
 }
 
@@ -147,12 +148,8 @@ void CTavTreeCtrl::ForgetItems(HTREEITEM root, bool rootToo)
     }
     if (goes(m_hDragItem))
     {
-        if (!m_bDropping)
-        {
-            ReleaseDrag();
-            ResetDrag();
-        }
-        m_hDragItem = nullptr;
+        AbandonDrag();
+        m_hDragItem = nullptr; // in a drop, whose hooks go on without it
     }
 }
 

@@ -1,8 +1,7 @@
 #include "tavkit/trees/TreeFinder.h"
 
-#include "tavkit/trees/WindowTree.h"
-
 #include <new>
+#include <utility>
 
 namespace tavkit
 {
@@ -15,17 +14,17 @@ HTREEITEM AsHandle(TreeIndex::Item item) noexcept { return static_cast<HTREEITEM
 class LearnedTree
 {
 public:
-    LearnedTree(CTreeCtrl const& tree, TreeIndex const& index) : m_tree(tree), m_index(index) {}
+    LearnedTree(WindowTree const& tree, TreeIndex const& index) : m_tree(tree), m_index(index) {}
 
     [[nodiscard]] HTREEITEM Child(HTREEITEM item) const
     {
         m_parent = item;
-        return m_tree.GetChildItem(item);
+        return m_tree.Child(item);
     }
     [[nodiscard]] HTREEITEM Next(HTREEITEM item) const
     {
         m_parent = Parent(item);
-        return m_tree.GetNextSiblingItem(item);
+        return m_tree.Next(item);
     }
     [[nodiscard]] HTREEITEM Parent(HTREEITEM item) const { return AsHandle(m_index.Parent(item)); }
 
@@ -33,7 +32,7 @@ public:
     [[nodiscard]] HTREEITEM ParentOfLast() const { return m_parent; }
 
 private:
-    CTreeCtrl const& m_tree;
+    WindowTree const& m_tree;
     TreeIndex const& m_index;
     mutable HTREEITEM m_parent = nullptr;
 };
@@ -43,33 +42,46 @@ HTREEITEM BelowRoot(HTREEITEM item) noexcept { return item == TVI_ROOT ? nullptr
 
 } // namespace
 
-HTREEITEM TreeFinder::Find(CTreeCtrl const& tree, DWORD_PTR data, HTREEITEM root, bool seesAll)
+HTREEITEM TreeFinder::Find(WindowTree const& tree, DWORD_PTR data, HTREEITEM root, bool seesAll)
 {
     // Inside a change the control may be half way: what it shows then is not to be learned.
-    if (seesAll && m_changes == 0)
+    if (!seesAll || m_changes != 0)
     {
-        if (!m_learned && m_walked != 0 && m_walked >= tree.GetCount())
-        {
-            Learn(tree);
-        }
-        if (m_learned)
-        {
-            TreeIndex::Match const match = m_index.Find(data);
-            if (match.count == 0)
-            {
-                return nullptr;
-            }
-            if (match.count == 1)
-            {
-                return root == nullptr || m_index.IsWithin(match.item, root) ? AsHandle(match.item) : nullptr;
-            }
-        }
+        return Walk(tree, data, root);
     }
-    WindowTree const window(tree);
-    for (HTREEITEM item = window.First(root); item != nullptr; item = NextInWalk(window, root, item))
+    if (!m_learned && m_walked >= tree.Count())
+    {
+        Learn(tree);
+    }
+    if (!m_learned)
+    {
+        return Walk(tree, data, root);
+    }
+    TreeIndex::Match const match = m_index.Find(data);
+    auto const remembered = m_firsts.find(data);
+    HTREEITEM const first = match.count > 1 && remembered != m_firsts.end() ? remembered->second : AsHandle(match.item);
+    if (first != nullptr && (root == nullptr || m_index.IsWithin(first, root)))
+    {
+        return first;
+    }
+    if (match.count < 2)
+    {
+        return nullptr;
+    }
+    HTREEITEM const found = Walk(tree, data, root);
+    if (root == nullptr)
+    {
+        m_firsts[data] = found;
+    }
+    return found;
+}
+
+HTREEITEM TreeFinder::Walk(WindowTree const& tree, DWORD_PTR data, HTREEITEM root)
+{
+    for (HTREEITEM item = tree.First(root); item != nullptr; item = NextInWalk(tree, root, item))
     {
         ++m_walked;
-        if (tree.GetItemData(item) == data)
+        if (tree.Data(item) == data)
         {
             return item;
         }
@@ -77,15 +89,15 @@ HTREEITEM TreeFinder::Find(CTreeCtrl const& tree, DWORD_PTR data, HTREEITEM root
     return nullptr;
 }
 
-void TreeFinder::Learn(CTreeCtrl const& tree)
+void TreeFinder::Learn(WindowTree const& tree)
 {
     m_index.Clear();
     m_walked = 0;
     try
     {
         LearnedTree const learned(tree, m_index);
-        HTREEITEM item = tree.GetRootItem();
-        while (item != nullptr && m_index.Insert(item, learned.ParentOfLast(), tree.GetItemData(item)))
+        HTREEITEM item = tree.First(nullptr);
+        while (item != nullptr && m_index.Insert(item, learned.ParentOfLast(), tree.Data(item)))
         {
             item = NextInWalk<LearnedTree, HTREEITEM>(learned, nullptr, item);
         }
@@ -120,13 +132,19 @@ bool TreeFinder::IsChange(UINT message, WPARAM wParam) noexcept
     }
 }
 
-TreeFinder::Change TreeFinder::Begin(UINT message, LPARAM lParam)
+TreeFinder::Change TreeFinder::Begin(WindowTree const& tree, UINT message, LPARAM lParam)
 {
-    if (m_changes++ != 0)
+    if (!std::exchange(m_met, true) && !m_learned)
+    {
+        m_learned = tree.Count() == 0;
+    }
+    m_disturbed = m_changes != 0;
+    if (m_disturbed)
     {
         Forget();
     }
-    Change change{message, nullptr, false, 0};
+    ++m_changes;
+    Change change{message, nullptr, false, 0, false};
     switch (message)
     {
     case TVM_INSERTITEMA:
@@ -136,6 +154,7 @@ TreeFinder::Change TreeFinder::Begin(UINT message, LPARAM lParam)
             change.item = BelowRoot(insert->hParent);
             change.hasData = (insert->item.mask & TVIF_PARAM) != 0;
             change.data = insert->item.lParam;
+            change.moves = true;
         }
         break;
     case TVM_SETITEMA:
@@ -149,14 +168,24 @@ TreeFinder::Change TreeFinder::Begin(UINT message, LPARAM lParam)
         break;
     default:
         change.item = BelowRoot(reinterpret_cast<HTREEITEM>(lParam));
+        change.moves = true;
         break;
+    }
+    if (change.hasData || change.moves)
+    {
+        m_firsts.clear();
     }
     return change;
 }
 
-void TreeFinder::End(CTreeCtrl const& tree, Change const& change, LRESULT result)
+void TreeFinder::End(WindowTree const& tree, Change const& change, LRESULT result)
 {
     --m_changes;
+    if (change.message == TVM_DELETEITEM && change.item == nullptr && result != 0 && m_changes == 0 && !m_disturbed)
+    {
+        Forget();
+        m_learned = true; // nothing is known of nothing
+    }
     if (!m_learned)
     {
         return;
@@ -174,7 +203,7 @@ void TreeFinder::End(CTreeCtrl const& tree, Change const& change, LRESULT result
     }
 }
 
-bool TreeFinder::Follow(CTreeCtrl const& tree, Change const& change, LRESULT result)
+bool TreeFinder::Follow(WindowTree const& tree, Change const& change, LRESULT result)
 {
     switch (change.message)
     {
@@ -186,33 +215,35 @@ bool TreeFinder::Follow(CTreeCtrl const& tree, Change const& change, LRESULT res
             return true;
         }
         return m_index.Insert(item, change.item,
-                              change.hasData ? static_cast<DWORD_PTR>(change.data) : tree.GetItemData(item));
+                              change.hasData ? static_cast<DWORD_PTR>(change.data) : tree.Data(item));
     }
     case TVM_SETITEMA:
     case TVM_SETITEMW:
         // What the control now says: versions of it differ in how they answer the message.
-        return !change.hasData || m_index.SetValue(change.item, tree.GetItemData(change.item));
+        return !change.hasData || m_index.SetValue(change.item, tree.Data(change.item));
     case TVM_DELETEITEM:
         if (result == 0)
         {
             return false;
         }
-        if (change.item == nullptr)
-        {
-            m_index.Clear();
-            return true;
-        }
-        return m_index.Erase(change.item);
-    case TVM_EXPAND:
-        return false; // which children went isn't told
+        return change.item == nullptr || m_index.Erase(change.item);
+    case TVM_EXPAND: // all below went, or the parent has forbidden it
+        return tree.Child(change.item) != nullptr || m_index.EraseBelow(change.item);
     default:
         return true; // sorting moves items among their brothers only
     }
 }
 
+void TreeFinder::Restart() noexcept
+{
+    Forget();
+    m_met = false;
+}
+
 void TreeFinder::Forget() noexcept
 {
     m_index.Clear();
+    m_firsts.clear();
     m_learned = false;
     m_walked = 0;
 }

@@ -87,6 +87,20 @@ bool TreeIndex::Erase(Item item)
     return true;
 }
 
+bool TreeIndex::EraseBelow(Item item)
+{
+    auto const place = m_nodes.find(item);
+    if (place == m_nodes.end())
+    {
+        return false;
+    }
+    while (place->second.child != nullptr)
+    {
+        Erase(place->second.child->item);
+    }
+    return true;
+}
+
 TreeIndex::Match TreeIndex::Find(Value value) const
 {
     auto const place = m_bearers.find(value);

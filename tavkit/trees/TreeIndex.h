@@ -35,6 +35,8 @@ public:
     bool SetValue(Item item, Value value);
     /// Takes out an item and all that stands under it. @return false if the item is not known.
     bool Erase(Item item);
+    /// Takes out what stands under an item. @return false if the item is not known.
+    bool EraseBelow(Item item);
 
     [[nodiscard]] std::size_t Count() const noexcept { return m_nodes.size(); }
     [[nodiscard]] Match Find(Value value) const;

@@ -59,6 +59,23 @@ TEST(TreeIndex, TakesOutAWholeBranch)
     EXPECT_EQ(index.Count(), 0U);
 }
 
+TEST(TreeIndex, TakesOutWhatStandsUnderAnItem)
+{
+    TreeIndex index;
+    ASSERT_TRUE(index.Insert(Handle(1), nullptr, 1));
+    ASSERT_TRUE(index.Insert(Handle(2), Handle(1), 2));
+    ASSERT_TRUE(index.Insert(Handle(3), Handle(2), 3));
+    ASSERT_TRUE(index.Insert(Handle(4), Handle(1), 4));
+    ASSERT_TRUE(index.Insert(Handle(5), nullptr, 5));
+    ASSERT_TRUE(index.EraseBelow(Handle(1)));
+    EXPECT_EQ(index.Count(), 2U);
+    EXPECT_EQ(index.Find(1).item, Handle(1));
+    EXPECT_EQ(index.Find(3).count, 0U);
+    EXPECT_TRUE(index.EraseBelow(Handle(5))) << "a leaf loses nothing";
+    EXPECT_FALSE(index.EraseBelow(Handle(4))) << "it is gone";
+    EXPECT_EQ(index.Count(), 2U);
+}
+
 TEST(TreeIndex, TellsWhatStandsBelowWhat)
 {
     TreeIndex index;

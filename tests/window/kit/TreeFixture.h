@@ -34,6 +34,7 @@ public:
     using CTavTreeCtrl::GetDragData;
     using CTavTreeCtrl::GetDragItem;
     using CTavTreeCtrl::IsInDragMode;
+    using CTavTreeCtrl::OnSelchanged;
 
     using Pair = std::pair<HTREEITEM, HTREEITEM>;
 

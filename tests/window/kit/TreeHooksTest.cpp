@@ -81,6 +81,13 @@ TEST_F(TreeHooks, BothItemsOfASelectionMayBeNull)
     EXPECT_THAT(m_tree->m_slctChanges, ElementsAre(Pair(m_a, nullptr), Pair(nullptr, m_b)));
 }
 
+TEST_F(TreeHooks, ASelectionWithoutItsHeaderIsKeptFromTheParent)
+{
+    LRESULT result = 0;
+    EXPECT_TRUE(m_tree->OnSelchanged(nullptr, &result));
+    EXPECT_THAT(m_tree->m_slctChanges, IsEmpty());
+}
+
 TEST_F(TreeHooks, ByThemselvesTheHooksLeaveEverythingToTheParent)
 {
     HookTree& tree = *m_tree;

@@ -236,6 +236,67 @@ TEST_F(TreeHostile, ThePressHookMayDeleteThePressedItem)
     EXPECT_EQ(m_tree->GetClickItem(), nullptr);
 }
 
+TEST_F(TreeHostile, ANameOf300CharactersIsDraggedAsAPictureOfBoundedWidth)
+{
+    constexpr int kMostWidth = 600;
+    for (bool const hasImages : {false, true})
+    {
+        Begin();
+        if (hasImages)
+        {
+            m_tree->InitImages();
+        }
+        HTREEITEM const wide = Add(std::string(300, 'w').c_str());
+        support::Settle();
+        m_tree->MoveScroll(0, 0);
+        CRect text;
+        ASSERT_TRUE(m_tree->GetItemRect(wide, text, TRUE));
+        ASSERT_GT(text.Width(), kMostWidth);
+        POINT const place = ScreenPlace(text.left + 10, text.CenterPoint().y);
+        support::MoveMouse(place);
+        support::Press();
+        support::MoveMouse({place.x + 12, place.y});
+        ASSERT_TRUE(support::PumpUntil([&] { return m_tree->IsInDragMode(); }));
+        int width = 0;
+        int height = 0;
+        ::ImageList_GetIconSize(::ImageList_GetDragImage(nullptr, nullptr), &width, &height);
+        EXPECT_GT(width, 200);
+        EXPECT_LT(width, kMostWidth);
+        Release();
+        EXPECT_EQ(m_tree->m_drops.size(), 0U) << "dropped on itself";
+        ExpectIdle();
+    }
+}
+
+TEST_F(TreeHostile, AHostThatEndsTheDragWhenItLosesTheCaptureDropsOnce)
+{
+    /// Ends its drag as the capture goes, however it goes.
+    class CarefulTree : public HookTree
+    {
+    protected:
+        LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+        {
+            if (message == WM_CAPTURECHANGED)
+            {
+                EndDrag(nullptr);
+            }
+            return HookTree::WindowProc(message, wParam, lParam);
+        }
+    };
+    auto careful = std::make_unique<CarefulTree>();
+    ASSERT_TRUE(careful->Create(kTreeStyle, kTreePlace, m_frame.get(), kTreeId + 1));
+    m_tree = std::move(careful);
+    m_a = Add("alpha");
+    m_b = Add("beta");
+    m_tree->EnableLeftDrag(true);
+    support::Settle();
+    Pull(m_a);
+    MoveTo(PlaceOf(m_b));
+    Release();
+    EXPECT_THAT(m_tree->m_drops, ElementsAre(Pair(m_a, m_b)));
+    ExpectIdle();
+}
+
 // --- hooks that select
 
 TEST_F(TreeHostile, TheSelectionHookMaySelectAnotherItem)
@@ -382,6 +443,94 @@ TEST_P(TreeEnd, MayComeInTheHookOfAPress)
         return false;
     };
     support::Click(PlaceOf(m_b));
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookThatAllowsADrag)
+{
+    m_tree->m_isDragItem = [&](HTREEITEM) {
+        EndTree(GetParam());
+        return true;
+    };
+    POINT const place = PlaceOf(m_b);
+    support::MoveMouse(place);
+    support::Press();
+    support::MoveMouse({place.x + 12, place.y});
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookOfASelection)
+{
+    m_tree->m_slctChg = [&](HTREEITEM, HTREEITEM, LRESULT*) {
+        EndTree(GetParam());
+        return true;
+    };
+    support::Click(PlaceOf(m_d));
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookOfASelectionByARightClick)
+{
+    m_tree->m_slctChg = [&](HTREEITEM, HTREEITEM, LRESULT*) {
+        EndTree(GetParam());
+        return true;
+    };
+    support::Click(PlaceOf(m_d), Button::right);
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookOfAKey)
+{
+    m_tree->m_keyDown = [&](unsigned short, LRESULT*) { EndTree(GetParam()); };
+    support::PressKey(VK_F7);
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookOfADoubleClick)
+{
+    m_tree->m_dblClck = [&](HTREEITEM, LRESULT* result) {
+        EndTree(GetParam());
+        *result = 1;
+        return true;
+    };
+    support::DoubleClick(PlaceOf(m_a));
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookOfAMenu)
+{
+    m_tree->m_cntxMenu = [&](HTREEITEM, CPoint, LRESULT* result) {
+        EndTree(GetParam());
+        *result = 1;
+        return true;
+    };
+    support::Click(PlaceOf(m_d), Button::right);
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookThatOpensAnEditor)
+{
+    m_tree->m_beginLabelEdit = [&](NMHDR*, LRESULT* result) {
+        EndTree(GetParam());
+        *result = 1;
+    };
+    ::SendMessageA(m_tree->m_hWnd, TVM_EDITLABELA, 0, reinterpret_cast<LPARAM>(m_d));
+    support::Settle();
+    ExpectGone();
+}
+
+TEST_P(TreeEnd, MayComeInTheHookThatClosesAnEditor)
+{
+    m_tree->m_endLabelEdit = [&](NMHDR*, LRESULT*) { EndTree(GetParam()); };
+    ASSERT_NE(m_tree->EditLabel(m_d), nullptr);
+    support::PressKey(VK_RETURN);
     support::Settle();
     ExpectGone();
 }

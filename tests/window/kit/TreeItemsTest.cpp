@@ -2,6 +2,7 @@
 
 #include "TreeFixture.h"
 
+#include "ImportHook.h"
 #include "Picture.h"
 #include "support/TempFolder.h"
 
@@ -40,6 +41,14 @@ HTREEITEM WalkTo(HWND tree, DWORD_PTR data, HTREEITEM root = nullptr)
     return nullptr;
 }
 
+int g_questions = 0; // that the library asked a tree control about its items
+
+LRESULT WINAPI CountQuestion(WNDPROC procedure, HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+{
+    g_questions += message == TVM_GETITEMA || message == TVM_GETNEXTITEM;
+    return ::CallWindowProcA(procedure, window, message, wParam, lParam);
+}
+
 class TreeItems : public TreeTest
 {
 protected:
@@ -72,13 +81,14 @@ protected:
         }
     }
 
-    /// Messages that a search sends to the control.
+    /// How much a search asks the control.
     template <class Search>
     int Cost(Search search)
     {
-        m_tree->m_reached.clear();
+        ImportHook const hook("TavKit.dll", "user32.dll", "CallWindowProcA", reinterpret_cast<void*>(CountQuestion));
+        g_questions = 0;
         search();
-        return m_tree->Reached(TVM_GETITEMA) + m_tree->Reached(TVM_GETNEXTITEM);
+        return g_questions;
     }
 
     HTREEITEM m_a = nullptr;
@@ -208,31 +218,71 @@ TEST_F(TreeItems, OfAnEmptyTreeOrOneWithoutAWindowAreNotFound)
     EXPECT_EQ(never.GetCrntData(), 0U);
 }
 
-TEST_F(TreeItems, OnceTheTreeIsLearnedASearchAsksTheControlNothing)
+TEST_F(TreeItems, ATreeThatWasSeenFromItsBeginningIsNeverWalked)
 {
     for (DWORD_PTR i = 0; i < 500; ++i)
     {
         Add("x", TVI_ROOT, i);
     }
-    Learn();
     EXPECT_EQ(Cost([&] { EXPECT_NE(m_tree->FindItem(DWORD_PTR(499)), nullptr); }), 0);
     EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), nullptr); }), 0);
     HTREEITEM const more = Add("more", TVI_ROOT, 1000);
+    HTREEITEM const below = Add("below", more, 1001);
     EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), more); }), 0);
     m_tree->SetItemData(more, 2000);
     EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(2000)), more); }), 0);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1001), more), below); }), 0);
+    m_tree->Expand(more, TVE_EXPAND);
+    m_tree->Expand(more, TVE_COLLAPSE | TVE_COLLAPSERESET);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1001)), nullptr); }), 0);
     m_tree->DeleteItem(more);
     EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(2000)), nullptr); }), 0);
+    m_tree->DeleteAllItems();
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(499)), nullptr); }), 0);
 }
 
-TEST_F(TreeItems, AFirstSearchLearnsNothingSoThatATreeSearchedOnceCostsOneWalk)
+TEST_F(TreeItems, ATreeTakenOverWithItsItemsIsWalkedUntilThatHasCostAsMuchAsLearningIt)
 {
+    std::vector<HTREEITEM> items;
     for (DWORD_PTR i = 0; i < 100; ++i)
+    {
+        items.push_back(Add("x", TVI_ROOT, i));
+    }
+    HWND const window = m_tree->UnsubclassWindow();
+    ASSERT_TRUE(m_tree->SubclassWindow(window));
+    int const found = Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(9)), items[9]); });
+    EXPECT_GE(found, 10 * 2);
+    EXPECT_LE(found, 10 * 3 + 1) << "it ends with the item";
+    m_tree->SetItemData(items[9], 9);
+    EXPECT_GT(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(99)), items[99]); }), 0);
+    EXPECT_GT(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(98)), items[98]); }), 0) << "this one learns";
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(97)), items[97]); }), 0);
+    m_tree->SetItemData(items[97], 197);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(197)), items[97]); }), 0);
+}
+
+TEST_F(TreeItems, TheFirstOfSeveralIsRememberedUntilAnythingChanges)
+{
+    for (DWORD_PTR i = 0; i < 500; ++i)
     {
         Add("x", TVI_ROOT, i);
     }
-    int const found = Cost([&] { EXPECT_NE(m_tree->FindItem(DWORD_PTR(9)), nullptr); });
-    EXPECT_LE(found, 10 * 3 + 1) << "it ends with the item";
+    HTREEITEM const upper = Add("z", TVI_ROOT, 1000);
+    HTREEITEM const lower = Add("y", TVI_ROOT, 1000);
+    Learn();
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), upper);
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), upper); }), 0);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000), lower), lower) << "the first below another start";
+    m_tree->SetItemText(upper, "zz");
+    EXPECT_EQ(Cost([&] { EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), upper); }), 0) << "a text is no such change";
+    m_tree->SortChildren(TVI_ROOT);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), lower);
+    HTREEITEM const third = m_tree->AddItem("a", 1000, TVI_ROOT, TVI_FIRST);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), third);
+    m_tree->SetItemData(third, 1001);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), lower);
+    m_tree->DeleteItem(lower);
+    EXPECT_EQ(m_tree->FindItem(DWORD_PTR(1000)), upper);
 }
 
 TEST_F(TreeItems, AWindowThatIsOnlyAttachedIsSearchedAnewEachTime)
