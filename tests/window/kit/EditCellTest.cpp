@@ -745,7 +745,7 @@ public:
     static void operator delete(void* memory, std::size_t size)
     {
         std::fill_n(static_cast<unsigned char volatile*>(memory), size, kSpoilt);
-        ::operator delete(memory);
+        CListCtrlFlex::operator delete(memory);
     }
 
 private:
