@@ -134,9 +134,9 @@ TEST(PlaceRect, GrowthAndWindowSizesWrapAsWell)
     const SIZE growth = tavkit::GrowthOf({300, 200}, {100, 250});
     EXPECT_EQ(growth.cx, 200);
     EXPECT_EQ(growth.cy, -50);
-    const SIZE far = tavkit::GrowthOf({1, -2}, {kLeast, kMost});
-    EXPECT_EQ(far.cx, kLeast + 1);
-    EXPECT_EQ(far.cy, kMost);
+    const SIZE widest = tavkit::GrowthOf({1, -2}, {kLeast, kMost});
+    EXPECT_EQ(widest.cx, kLeast + 1);
+    EXPECT_EQ(widest.cy, kMost);
     const SIZE window = tavkit::WindowSizeOf({kMost, 10}, {1, 4});
     EXPECT_EQ(window.cx, kLeast);
     EXPECT_EQ(window.cy, 14);
