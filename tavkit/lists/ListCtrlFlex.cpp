@@ -102,9 +102,7 @@ int CListCtrlFlex::InsertItem(int row, char const* text, DWORD_PTR data, CFont* 
     {
         bkColor = ::GetSysColor(COLOR_WINDOWTEXT);
     }
-    HWND const list = m_hWnd;
-    int const inserted = CListCtrl::InsertItem(row, text);
-    return SetRecord(list, inserted, {data, font, textColor, bkColor, indent, {}});
+    return InsertItem(LVIF_TEXT, row, text, 0, {data, font, textColor, bkColor, indent, {}});
 }
 
 int CListCtrlFlex::InsertItem(int row, char const* text, int image, DWORD_PTR data, CFont* font, COLORREF textColor,
@@ -114,19 +112,22 @@ int CListCtrlFlex::InsertItem(int row, char const* text, int image, DWORD_PTR da
     {
         bkColor = ::GetSysColor(COLOR_WINDOW);
     }
-    HWND const list = m_hWnd;
-    int const inserted = CListCtrl::InsertItem(row, text, image);
-    return SetRecord(list, inserted, {data, font, textColor, bkColor, indent, {}});
+    return InsertItem(LVIF_TEXT | LVIF_IMAGE, row, text, image, {data, font, textColor, bkColor, indent, {}});
 }
 
-int CListCtrlFlex::SetRecord(HWND list, int row, ItemRec const& record)
+// The row comes with its record in one message: a second one would cost a quarter of the whole, for the control tells
+// the parent twice of every change.
+int CListCtrlFlex::InsertItem(UINT mask, int row, char const* text, int image, ItemRec const& record)
 {
-    if (row < 0 || !::IsWindow(list))
+    HWND const list = m_hWnd;
+    if (list == nullptr)
     {
         return -1;
     }
-    CListCtrl::SetItemData(row, reinterpret_cast<DWORD_PTR>(&m_records.emplace_back(record)));
-    return row;
+    ItemRec* const stored = &m_records.emplace_back(record); // that of a refused row stays, like a deleted row's
+    int const inserted =
+        CListCtrl::InsertItem(mask | LVIF_PARAM, row, text, 0, 0, image, reinterpret_cast<LPARAM>(stored));
+    return ::IsWindow(list) ? inserted : -1;
 }
 
 DWORD_PTR CListCtrlFlex::GetItemData(int row) const

@@ -156,7 +156,7 @@ private:
     };
 
     static ItemRec* RecordOf(LPARAM param);
-    int SetRecord(HWND list, int row, ItemRec const& record);
+    int InsertItem(UINT mask, int row, char const* text, int image, ItemRec const& record);
 
     bool DeleteColumn(int col);
     bool IsEditable(int col);
