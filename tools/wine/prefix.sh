@@ -19,7 +19,10 @@ start_screen 9>&-
 trap 'wineserver -k >/dev/null 2>&1 || true; kill "$SCREEN_PID" 2>/dev/null || true' EXIT
 log="$TAVKIT_WINE_DIR/prefix.log"
 timeout 180 wineboot -i >"$log" 2>&1 </dev/null 9>&-
+map_checkout "$TAVKIT_GOLDEN"
 cp /usr/share/wine/fonts/* "$TAVKIT_GOLDEN/drive_c/windows/Fonts/"
 timeout 60 wine regedit /S "$(win_path "$(dirname "${BASH_SOURCE[0]}")/settings.reg")" >>"$log" 2>&1 </dev/null 9>&-
 timeout 60 wineserver -k >>"$log" 2>&1 || true
+# The registry editor ends well also when it found no file.
+grep -q '"Managed"="N"' "$TAVKIT_GOLDEN/user.reg"
 echo "$recipe" >"$stamp"
