@@ -7,7 +7,6 @@
 #include <array>
 #include <bit>
 #include <cstdint>
-#include <cstring>
 #include <utility>
 #include <vector>
 
@@ -78,6 +77,24 @@ void SortKeys(std::vector<NumberKey>& keys)
     }
 }
 
+/// The letters of seven bits without regard to case, all other bytes by their value: a run-time's own comparison goes
+/// by signed bytes on one platform and by a locale on another.
+int CompareNoCase(char const* left, char const* right) noexcept
+{
+    const auto fold = [](char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : int{byte};
+    };
+    for (;; ++left, ++right)
+    {
+        const int order = fold(*left) - fold(*right);
+        if (order != 0 || *left == '\0')
+        {
+            return order;
+        }
+    }
+}
+
 /// Orders the rows of the one number 0, which their texts tell apart.
 void SortTexts(std::span<NumberKey> zeroes, bool ascending, CellOfRow const& cell)
 {
@@ -88,7 +105,7 @@ void SortTexts(std::span<NumberKey> zeroes, bool ascending, CellOfRow const& cel
         keys.push_back({cell(key.id), key.id});
     }
     std::ranges::stable_sort(keys, [ascending](TextKey const& left, TextKey const& right) {
-        const int order = strcasecmp(left.text, right.text);
+        const int order = CompareNoCase(left.text, right.text);
         return ascending ? order < 0 : order > 0;
     });
     for (std::size_t i = 0; i < keys.size(); ++i)
