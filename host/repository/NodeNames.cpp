@@ -55,11 +55,6 @@ bool NameComesBefore(std::string_view a, std::string_view b) noexcept
 
 bool SameName(std::string_view a, std::string_view b) noexcept { return std::ranges::equal(a, b, {}, Folded, Folded); }
 
-bool NameHolds(std::string_view name, std::string_view text) noexcept
-{
-    return text.empty() || !std::ranges::search(name, text, {}, Folded, Folded).empty();
-}
-
 bool ComesBefore(const NodeRecord& a, const NodeRecord& b) noexcept
 {
     const bool isContainerA = (a.kind & bdiContainer) != 0;

@@ -27,11 +27,7 @@ private:
 class LifeWatch
 {
 public:
-    // Not inlined: the compiler would take the watch, which unlinks itself, for a dangling pointer.
-    [[gnu::noinline]] explicit LifeWatch(LifeToken& token) noexcept : m_token(&token), m_outer(token.m_first)
-    {
-        token.m_first = this;
-    }
+    explicit LifeWatch(LifeToken& token) noexcept : m_token(&token), m_outer(token.m_first) { token.m_first = this; }
     LifeWatch(LifeWatch const&) = delete;
     LifeWatch& operator=(LifeWatch const&) = delete;
     ~LifeWatch()

@@ -71,18 +71,17 @@ protected:
                 m_lastLabelWParam = wParam;
                 m_labels.push_back({header.code, info.item.iItem, info.item.iSubItem,
                                     info.item.pszText ? std::optional<std::string>(info.item.pszText) : std::nullopt});
-                if (auto const onLabel = m_onLabel) // a copy: it may put another in its place
+                if (m_onLabel)
                 {
-                    if (LRESULT const answer = onLabel(info))
+                    if (LRESULT const answer = m_onLabel(info))
                     {
                         return answer;
                     }
                 }
             }
-            else if (auto const onDispInfo = m_onDispInfo;
-                     header.code == static_cast<UINT>(LVN_GETDISPINFO) && onDispInfo)
+            else if (header.code == static_cast<UINT>(LVN_GETDISPINFO) && m_onDispInfo)
             {
-                onDispInfo(info.item);
+                m_onDispInfo(info.item);
                 return 0;
             }
         }
@@ -96,9 +95,9 @@ protected:
         {
             auto const& notify = *static_cast<AFX_NOTIFY*>(pExtra);
             m_result = *notify.pResult;
-            if (auto const onNotify = m_onNotify)
+            if (m_onNotify)
             {
-                onNotify(*notify.pNMHDR);
+                m_onNotify(*notify.pNMHDR);
             }
         }
         return TestFrame::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);
