@@ -50,9 +50,12 @@ void SortByCell(std::span<int> ids, bool ascending, CellOfRow const& cell)
     {
         keys.push_back({ToDouble(cell(id)), id});
     }
-    const auto before = [ascending](double left, double right) { return ascending ? left > right : left < right; };
-    std::ranges::stable_sort(keys, before, &NumberKey::number);
-    SortTexts(std::ranges::equal_range(keys, 0.0, before, &NumberKey::number), ascending, cell);
+    const auto before = [ascending](NumberKey const& left, NumberKey const& right) {
+        return ascending ? left.number > right.number : left.number < right.number;
+    };
+    std::ranges::stable_sort(keys, before);
+    const auto [firstZero, endOfZeroes] = std::equal_range(keys.begin(), keys.end(), NumberKey{0.0, 0}, before);
+    SortTexts({firstZero, endOfZeroes}, ascending, cell);
     std::ranges::transform(keys, ids.begin(), &NumberKey::id);
 }
 
