@@ -87,9 +87,10 @@ done
 # Output goes to a file, never into a pipe: Wine's services inherit a pipe and keep its reader waiting for ever. The
 # program runs in the background, so that an interrupt is taken at once.
 : >"$run/output"
-timeout -k 10 "${TAVKIT_RUN_SECONDS:-600}" /usr/lib/wine/wine64 "$program" "${arguments[@]}" >"$run/output" 2>&1 </dev/null &
+: >"$run/errors"
+timeout -k 10 "${TAVKIT_RUN_SECONDS:-600}" /usr/lib/wine/wine64 "$program" "${arguments[@]}" >"$run/output" 2>"$run/errors" </dev/null &
 PROGRAM_PID=$!
-tail -n +1 -f --pid="$PROGRAM_PID" -s 0.1 "$run/output" &
+tail -q -n +1 -f --pid="$PROGRAM_PID" -s 0.1 "$run/output" "$run/errors" &
 SHOW_PID=$!
 wait "$PROGRAM_PID"
 code=$?
@@ -97,7 +98,8 @@ wait "$SHOW_PID"
 if [ "${TAVKIT_RUN_MARK:-1}" = 0 ]; then
     exit $code
 fi
-# Only as the last line: a program that this one has started may have left a mark of its own further up.
+# Only as the last line: a program that this one has started may have left a mark of its own further up. What components
+# of the system say on the error output may come later still.
 mark="$(tr -d '\r' <"$run/output" | sed '/^$/d' | sed -n '$s/^\[finished \([0-9]*\)\]$/\1/p')"
 if [ -z "$mark" ]; then
     echo "The program did not reach its end (Wine's exit code: $code)."
