@@ -17,10 +17,10 @@ struct PathParts
     std::string_view options; ///< from the "?" on; "" without one
 };
 
-[[nodiscard]] PathParts SplitPath(std::string_view path) noexcept;
+[[nodiscard]] TAVHOST_API PathParts SplitPath(std::string_view path) noexcept;
 
 /// What stands behind the last dot of a file name without folder; "" without a dot, and for "." and "..".
-[[nodiscard]] std::string_view ExtensionOf(std::string_view name) noexcept;
+[[nodiscard]] TAVHOST_API std::string_view ExtensionOf(std::string_view name) noexcept;
 
 /// True for the characters that end a folder: "\", "/" and the colon of a drive.
 [[nodiscard]] constexpr bool EndsFolder(char c) noexcept { return c == '\\' || c == '/' || c == ':'; }

@@ -48,6 +48,7 @@
 #include "tavkit/lists/EditCell.h"
 #include "tavkit/lists/ListCtrlEx.h"
 #include "tavkit/lists/ListCtrlFlex.h"
+#include "tavkit/lists/ListExtras.h"
 #include "tavkit/lists/TavListCtrl.h"
 #include "tavkit/lists/TavListCtrlVirtual.h"
 #include "tavkit/trees/TavTreeCtrl.h"

@@ -8,6 +8,7 @@ set(TAVKIT_LOGIC_SOURCES
     layout/WindowRecord.cpp
     lists/AttrCache.cpp
     lists/AttrSort.cpp
+    lists/ColumnRecord.cpp
     lists/ColumnWidths.cpp
     lists/RowText.cpp
     lists/ScanDouble.cpp

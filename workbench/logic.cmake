@@ -4,6 +4,7 @@ set(WORKBENCH_LOGIC_SOURCES
     ObjectPlace.cpp
     Options.cpp
     PictureNames.cpp
+    Project.cpp
     ScaleBar.cpp
     TourPage.cpp)
 list(TRANSFORM WORKBENCH_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/workbench/")

@@ -55,6 +55,12 @@ bool NameComesBefore(std::string_view a, std::string_view b) noexcept
 
 bool SameName(std::string_view a, std::string_view b) noexcept { return std::ranges::equal(a, b, {}, Folded, Folded); }
 
+bool NameHolds(std::string_view name, std::string_view text) noexcept
+{
+    const auto same = [](char a, char b) { return Folded(a) == Folded(b); };
+    return text.empty() || std::search(name.begin(), name.end(), text.begin(), text.end(), same) != name.end();
+}
+
 bool ComesBefore(const NodeRecord& a, const NodeRecord& b) noexcept
 {
     const bool isContainerA = (a.kind & bdiContainer) != 0;

@@ -24,6 +24,9 @@ namespace repository
 /// True for names that differ at most in the case of ASCII letters.
 [[nodiscard]] TAVHOST_API bool SameName(std::string_view a, std::string_view b) noexcept;
 
+/// True if a name has a text in it, whatever the case of ASCII letters.
+[[nodiscard]] TAVHOST_API bool NameHolds(std::string_view name, std::string_view text) noexcept;
+
 /// The order of nodes in a folder: containers first, then by name.
 [[nodiscard]] bool ComesBefore(const NodeRecord& a, const NodeRecord& b) noexcept;
 

@@ -27,7 +27,11 @@ private:
 class LifeWatch
 {
 public:
-    explicit LifeWatch(LifeToken& token) noexcept : m_token(&token), m_outer(token.m_first) { token.m_first = this; }
+    // Not inlined: the compiler would take the watch, which unlinks itself, for a dangling pointer.
+    [[gnu::noinline]] explicit LifeWatch(LifeToken& token) noexcept : m_token(&token), m_outer(token.m_first)
+    {
+        token.m_first = this;
+    }
     LifeWatch(LifeWatch const&) = delete;
     LifeWatch& operator=(LifeWatch const&) = delete;
     ~LifeWatch()

@@ -18,6 +18,7 @@ using CellOfRow = std::function<char const*(int id)>;
 /// wanted.
 ///
 /// Rows that compare equal keep their present order.
+/// @param ids  the numbers from 0 to their count less 1, each once
 TAVKIT_API void SortByCell(std::span<int> ids, bool ascending, CellOfRow const& cell);
 
 /// Orders row numbers from high to low if @p ascending, against the word but as the numbers of a cell; else from low to

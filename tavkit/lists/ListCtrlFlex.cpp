@@ -10,8 +10,7 @@
 #include <optional>
 #include <span>
 
-// Any notification may destroy the list: what follows one asks first whether the window is still there, by a handle of
-// its own, since the object may have gone with it.
+// Any notification may destroy the list, the window alone or the object as well: what follows one asks first.
 
 BEGIN_MESSAGE_MAP(CListCtrlFlex, CListCtrl)
     ON_WM_ERASEBKGND()                                     // the room around the rows is painted
@@ -103,9 +102,7 @@ int CListCtrlFlex::InsertItem(int row, char const* text, DWORD_PTR data, CFont* 
     {
         bkColor = ::GetSysColor(COLOR_WINDOWTEXT);
     }
-    HWND const list = m_hWnd;
-    int const inserted = CListCtrl::InsertItem(row, text);
-    return SetRecord(list, inserted, {data, font, textColor, bkColor, indent, {}});
+    return InsertItem(LVIF_TEXT, row, text, 0, {data, font, textColor, bkColor, indent, {}});
 }
 
 int CListCtrlFlex::InsertItem(int row, char const* text, int image, DWORD_PTR data, CFont* font, COLORREF textColor,
@@ -115,19 +112,22 @@ int CListCtrlFlex::InsertItem(int row, char const* text, int image, DWORD_PTR da
     {
         bkColor = ::GetSysColor(COLOR_WINDOW);
     }
-    HWND const list = m_hWnd;
-    int const inserted = CListCtrl::InsertItem(row, text, image);
-    return SetRecord(list, inserted, {data, font, textColor, bkColor, indent, {}});
+    return InsertItem(LVIF_TEXT | LVIF_IMAGE, row, text, image, {data, font, textColor, bkColor, indent, {}});
 }
 
-int CListCtrlFlex::SetRecord(HWND list, int row, ItemRec const& record)
+// The row comes with its record in one message: a second one would cost a quarter of the whole, for the control tells
+// the parent twice of every change.
+int CListCtrlFlex::InsertItem(UINT mask, int row, char const* text, int image, ItemRec const& record)
 {
-    if (row < 0 || !::IsWindow(list))
+    HWND const list = m_hWnd;
+    if (list == nullptr)
     {
         return -1;
     }
-    CListCtrl::SetItemData(row, reinterpret_cast<DWORD_PTR>(&m_records.emplace_back(record)));
-    return row;
+    ItemRec* const stored = &m_records.emplace_back(record); // that of a refused row stays, like a deleted row's
+    int const inserted =
+        CListCtrl::InsertItem(mask | LVIF_PARAM, row, text, 0, 0, image, reinterpret_cast<LPARAM>(stored));
+    return ::IsWindow(list) ? inserted : -1;
 }
 
 DWORD_PTR CListCtrlFlex::GetItemData(int row) const
@@ -165,12 +165,12 @@ BOOL CListCtrlFlex::OnColumnClick(NMHDR* pNMHDR, LRESULT* pResult)
 
 void CListCtrlFlex::Sort(int col)
 {
-    HWND const list = m_hWnd;
+    LifeWatch const watch(m_life);
     LastSort sort;
     sort.m_nCol = col;
     sort.m_bAscending = m_lastSort.IsSortAscnd(col);
     Sort(col, sort.m_bAscending);
-    if (::IsWindow(list))
+    if (!watch.IsGone())
     {
         m_lastSort = sort; // also when the sort refused to run, so that the next one goes the other way
     }
@@ -182,9 +182,9 @@ void CListCtrlFlex::Sort(int col, bool ascending)
     {
         return;
     }
-    HWND const list = m_hWnd;
+    LifeWatch const watch(m_life);
     CloseEditor(); // its text belongs to the row where it stands now
-    if (!::IsWindow(list))
+    if (watch.IsGone() || m_hWnd == nullptr)
     {
         return;
     }
@@ -198,7 +198,7 @@ void CListCtrlFlex::Sort(int col, bool ascending)
     {
         SortByText(col, ascending);
     }
-    if (::IsWindow(list))
+    if (!watch.IsGone())
     {
         m_bSorting = false;
     }
@@ -210,7 +210,7 @@ void CListCtrlFlex::Sort(int col, bool ascending)
 template <class Room, class Take>
 bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
 {
-    HWND const list = m_hWnd;
+    LifeWatch const watch(m_life);
     for (ItemRec& record : m_records)
     {
         record.sort = {}; // a row that a callback for texts inserts meanwhile must not show the last sort's key
@@ -226,8 +226,8 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(text.size());
         item.lParam = kNoParam;
-        ::SendMessage(list, LVM_GETITEM, 0, reinterpret_cast<LPARAM>(&item));
-        if (!::IsWindow(list))
+        GetItem(&item);
+        if (watch.IsGone() || m_hWnd == nullptr)
         {
             return false;
         }
@@ -336,7 +336,12 @@ void CListCtrlFlex::DrawItem(LPDRAWITEMSTRUCT item)
     CRect text = bounds;
     text.left += record != nullptr ? record->indent : 0;
     int const row = static_cast<int>(item->itemID);
+    LifeWatch const watch(m_life);
     text.left += DrawImage(dc, row, bounds.TopLeft(), selected);
+    if (watch.IsGone())
+    {
+        return;
+    }
 
     dc.SetTextColor(textColor);
     dc.SetBkColor(bkColor);
@@ -359,11 +364,14 @@ void CListCtrlFlex::DrawItem(LPDRAWITEMSTRUCT item)
 // Returns the width that the image takes up; 0 without an image list.
 int CListCtrlFlex::DrawImage(CDC& dc, int row, CPoint place, bool selected)
 {
+    LifeWatch const watch(m_life);
     LVITEM item = {};
     item.mask = LVIF_IMAGE;
     item.iItem = row;
     GetItem(&item);
-    auto const images = reinterpret_cast<HIMAGELIST>(SendMessage(LVM_GETIMAGELIST, LVSIL_SMALL));
+    auto const images = watch.IsGone() || m_hWnd == nullptr
+                            ? nullptr
+                            : reinterpret_cast<HIMAGELIST>(SendMessage(LVM_GETIMAGELIST, LVSIL_SMALL));
     int width = 0;
     int height = 0;
     if (images == nullptr || !::ImageList_GetIconSize(images, &width, &height))
@@ -374,21 +382,33 @@ int CListCtrlFlex::DrawImage(CDC& dc, int row, CPoint place, bool selected)
     return width;
 }
 
+// The index of the column that stands at a place, counted from the left.
+int CListCtrlFlex::ColumnAt(int place) const
+{
+    HWND const header = reinterpret_cast<HWND>(::SendMessage(m_hWnd, LVM_GETHEADER, 0, 0));
+    return place < CountColumns() ? Header_OrderToIndex(header, place) : -1;
+}
+
 void CListCtrlFlex::DrawCells(CDC& dc, int row, int left, CRect const& text)
 {
+    LifeWatch const watch(m_life);
     LVCOLUMN column = {};
     column.mask = LVCF_FMT | LVCF_WIDTH | LVCF_SUBITEM;
-    for (int col = 0; GetColumn(col, &column); ++col)
+    for (int place = 0; GetColumn(m_bDrawOrder ? ColumnAt(place) : place, &column); ++place)
     {
-        if (auto place = tavkit::TextPlace(text, left, column.cx))
+        if (auto rect = tavkit::TextPlace(text, left, column.cx))
         {
             char cell[kDrawnText];
             int const length = GetItemText(row, column.iSubItem, cell, kDrawnText);
+            if (watch.IsGone() || m_hWnd == nullptr)
+            {
+                return;
+            }
             UINT const align = (column.fmt & LVCFMT_CENTER) != 0  ? DT_CENTER
                                : (column.fmt & LVCFMT_RIGHT) != 0 ? DT_RIGHT
                                                                   : DT_LEFT;
             // No further flag, on purpose: an ampersand marks the next character, and the text stands at the top.
-            dc.DrawText(cell, length, &*place, align | DT_END_ELLIPSIS);
+            dc.DrawText(cell, length, &*rect, align | DT_END_ELLIPSIS);
         }
         left += column.cx;
     }
@@ -440,9 +460,9 @@ BOOL CListCtrlFlex::OnDblClick(NMHDR* pNMHDR, LRESULT* pResult)
     if (IsEditable(cell.col))
     {
         *pResult = 1;
-        HWND const list = m_hWnd;
+        LifeWatch const watch(m_life);
         SetItemState(cell.row, 0, LVIS_FOCUSED | LVIS_SELECTED);
-        if (::IsWindow(list))
+        if (!watch.IsGone())
         {
             OnEdit(cell.row, cell.col, false);
         }
@@ -457,7 +477,7 @@ BOOL CListCtrlFlex::OnDblClick(NMHDR* pNMHDR, LRESULT* pResult)
 
 void CListCtrlFlex::OnEdit(int row, int col, bool findNext)
 {
-    HWND const list = m_hWnd;
+    LifeWatch const watch(m_life);
     if (!IsEditable(col) && findNext)
     {
         auto const next = tavkit::FindEditable({row, col}, GetItemCount(), CountColumns(),
@@ -476,14 +496,14 @@ void CListCtrlFlex::OnEdit(int row, int col, bool findNext)
     }
     CString const text = GetItemText(row, col);
     CRect place;
-    if (!::IsWindow(list) || !GetSubItemRect(row, col, LVIR_LABEL, place))
+    if (watch.IsGone() || !GetSubItemRect(row, col, LVIR_LABEL, place))
     {
         return;
     }
 
-    HWND const parent = ::GetParent(list);
+    HWND const parent = ::GetParent(m_hWnd);
     NMLVDISPINFO info = {};
-    info.hdr.hwndFrom = list;
+    info.hdr.hwndFrom = m_hWnd;
     info.hdr.idFrom = static_cast<UINT_PTR>(GetDlgCtrlID());
     info.hdr.code = LVN_BEGINLABELEDIT;
     info.item.iItem = row;
@@ -491,7 +511,7 @@ void CListCtrlFlex::OnEdit(int row, int col, bool findNext)
     // The parent's own number and not the list's, on purpose.
     bool const refused = ::SendMessage(parent, WM_NOTIFY, static_cast<WPARAM>(::GetDlgCtrlID(parent)),
                                        reinterpret_cast<LPARAM>(&info)) != 0;
-    if (!refused && ::IsWindow(list))
+    if (!refused && !watch.IsGone() && m_hWnd != nullptr)
     {
         auto* const editor = new CEditCell(*this, {row, col}, text); // deletes itself, even if it can't be created
         editor->Create(CEditCell::kStyle, place, this, CEditCell::kControlId);

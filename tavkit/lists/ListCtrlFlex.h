@@ -5,6 +5,7 @@
 #include <afxcmn.h>
 
 #include "tavkit/frame/Export.h"
+#include "tavkit/frame/LifeWatch.h"
 #include "tavkit/frame/services/DVector.h"
 #include "tavkit/frame/services/IAttrData.h"
 #include "tavkit/lists/EditMoves.h"
@@ -120,7 +121,11 @@ protected:
     BOOL OnDblClick(NMHDR* pNMHDR, LRESULT* pResult);
     DECLARE_MESSAGE_MAP()
 
+    LifeToken m_life; ///< for operations that call out and go on
+
 private:
+    friend class ListExtras; // additions, which a host switches on
+
     static constexpr COLORREF kWindowColor = 0xFFFFFF; ///< as a row's background: the system's window colour
     static constexpr COLORREF kNoColor = 0;            ///< no background
     static constexpr LPARAM kNoParam = -1;             ///< an item parameter that is no record, as 0 is none
@@ -151,11 +156,12 @@ private:
     };
 
     static ItemRec* RecordOf(LPARAM param);
-    int SetRecord(HWND list, int row, ItemRec const& record);
+    int InsertItem(UINT mask, int row, char const* text, int image, ItemRec const& record);
 
     bool DeleteColumn(int col);
     bool IsEditable(int col);
     [[nodiscard]] int CountColumns() const;
+    [[nodiscard]] int ColumnAt(int place) const;
     tavkit::Cell HitCell(CPoint point);
 
     void Sort(int col);
@@ -178,4 +184,5 @@ private:
     bool m_bSort = true;
     bool m_bSorting = false; ///< a callback for texts that sorts while the keys are fetched is refused
     COLORREF m_clrBk = kNoColor;
+    bool m_bDrawOrder = false; ///< draw columns where the user dragged them; set by ListExtras alone
 };

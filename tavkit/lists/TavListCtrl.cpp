@@ -89,9 +89,8 @@ int CTavListCtrl::AddRow() { return InsertRow(m_nNumRow); }
 
 int CTavListCtrl::InsertRow(int row)
 {
-    const HWND list = m_hWnd;
     const int inserted = InsertCell(row, "", nullptr);
-    if (inserted < 0 || !::IsWindow(list))
+    if (inserted < 0)
     {
         return -1;
     }
@@ -99,12 +98,9 @@ int CTavListCtrl::InsertRow(int row)
     return m_nCrntRow = inserted;
 }
 
+// @return -1 if the control refused, or if the list is gone
 int CTavListCtrl::InsertCell(int row, const char* text, const RowInfo* info)
 {
-    if (!m_hWnd)
-    {
-        return -1;
-    }
     if (!info)
     {
         return InsertItem(row, text, 0, nullptr, kDefaultText, kDefaultBk, 0);
@@ -130,14 +126,19 @@ int CTavListCtrl::AddCells(const char* cells, const RowInfo* info)
         return text.data() + walk.GetStart();
     };
     const int inserted = InsertCell(m_nNumRow, cell(), info);
-    if (inserted < 0 || !::IsWindow(list))
+    if (inserted < 0)
     {
         return -1;
     }
     const int row = m_nCrntRow = m_nNumRow++;
-    for (int col = 1; ::IsWindow(list) && col < m_nNumCol && walk.Next(); ++col)
+    const int cols = m_nNumCol;
+    // No member from here on: a list that ended meanwhile gets no further message.
+    for (int col = 1; col < cols && walk.Next(); ++col)
     {
-        SetItemText(row, col, cell());
+        LVITEM item = {};
+        item.iSubItem = col;
+        item.pszText = cell();
+        ::SendMessage(list, LVM_SETITEMTEXT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
     }
     return inserted;
 }

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "tavkit/frame/Export.h"
-#include "tavkit/frame/LifeWatch.h"
 #include "tavkit/frame/services/DString.h"
 #include "tavkit/lists/TavListCtrl.h"
 
@@ -31,8 +30,6 @@ protected:
     BOOL PreCreateWindow(CREATESTRUCT& cs) override;
     void OnGetdispinfo(NMHDR* pNMHDR, LRESULT* pResult);
     DECLARE_MESSAGE_MAP()
-
-    LifeToken m_life; ///< for operations that call out and go on
 
 private:
     DString m_strText; ///< of the cell asked for last

@@ -16,6 +16,19 @@ bool IsHilighted(CTreeCtrl const& tree, HTREEITEM item)
     return item != nullptr && tree.GetItemState(item, TVIS_DROPHILITED) != 0;
 }
 
+/// Lets the system see a key that was pressed with Alt. Only a close must not be asked for twice; what else comes of
+/// such a key comes of it once.
+LRESULT HandOnSystemKey(HWND tree, WPARAM wParam, LPARAM lParam)
+{
+    MSG close;
+    if (::PeekMessageA(&close, ::GetAncestor(tree, GA_ROOT), WM_SYSCOMMAND, WM_SYSCOMMAND, PM_NOREMOVE) ||
+        !::IsWindow(tree))
+    {
+        return 0;
+    }
+    return ::DefWindowProcA(tree, WM_SYSKEYDOWN, wParam, lParam);
+}
+
 /// Brings the selected item to the top by way of the next one.
 void ScrollToSelected(CTreeCtrl& tree, HTREEITEM item)
 {
@@ -37,6 +50,8 @@ LRESULT TreeViewMend::Answer(CTreeCtrl& tree, UINT message, WPARAM wParam, LPARA
 {
     switch (message)
     {
+    case WM_SYSKEYDOWN:
+        return HandOnSystemKey(tree.m_hWnd, wParam, lParam);
     case TVM_SELECTITEM:
         if (wParam == TVGN_DROPHILITE)
         {

@@ -12,6 +12,7 @@ namespace tavkit
 /// - taking the drop highlight away leaves it where it is;
 /// - an item that was dragged, or has lost its highlight, goes on being told as the drop highlight;
 /// - the list made for a drag holds no image;
+/// - a key pressed with Alt goes no further, so that Alt+F4 closes nothing and F10 opens no menu;
 /// - an edit that ends by message ends twice, the second time with the text although the user gave up.
 class TreeViewMend
 {

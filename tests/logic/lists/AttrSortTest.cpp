@@ -65,6 +65,11 @@ TEST(SortByCell, ZeroesInDigitsAreTextsAmongWords)
                 ElementsAre("1", "-0", "0", "0.0", "ant", "zebra"));
 }
 
+TEST(SortByCell, LettersBeyondSevenBitsFollowTheOthers)
+{
+    EXPECT_THAT(Sorted({"\xE4pfel", "zebra", ""}, true), ElementsAre("", "zebra", "\xE4pfel"));
+}
+
 TEST(SortByCell, EqualRowsKeepTheirPlaces)
 {
     std::vector<int> ids = {3, 1, 2, 0};
@@ -99,7 +104,13 @@ int Compare(const std::string& left, const std::string& right, bool ascending)
     const double b = ToDouble(second.c_str());
     if (a == 0.0 && b == 0.0)
     {
-        return strcasecmp(first.c_str(), second.c_str());
+        const auto folded = [](char c) {
+            return static_cast<unsigned char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+        };
+        std::string upTo[2];
+        std::ranges::transform(first, std::back_inserter(upTo[0]), folded);
+        std::ranges::transform(second, std::back_inserter(upTo[1]), folded);
+        return upTo[0].compare(upTo[1]); // by bytes without a sign
     }
     return a < b ? 1 : (a == b ? 0 : -1);
 }

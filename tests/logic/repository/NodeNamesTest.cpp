@@ -67,6 +67,18 @@ TEST(NameOrder, IsStrictForNamesOfEveryByte)
     EXPECT_FALSE(NameComesBefore(names[7], names[7]));
 }
 
+TEST(NameHolds, FindsATextAnywhereInWhateverCase)
+{
+    EXPECT_TRUE(NameHolds("Nuclei.csv", "clei"));
+    EXPECT_TRUE(NameHolds("Nuclei.csv", "NUC"));
+    EXPECT_TRUE(NameHolds("Nuclei.csv", ".Csv"));
+    EXPECT_TRUE(NameHolds("Nuclei.csv", ""));
+    EXPECT_TRUE(NameHolds("", ""));
+    EXPECT_FALSE(NameHolds("", "a"));
+    EXPECT_FALSE(NameHolds("Nuclei.csv", "nuclei.csv2"));
+    EXPECT_FALSE(NameHolds("a", "\xE1"));
+}
+
 TEST(NodeOrder, PutsContainersFirst)
 {
     const NodeRecord folder{bdiContainer, "", "z"};

@@ -697,8 +697,9 @@ protected:
     // At the notification given, counted from 1, the parent does away with the list.
     void DestroyAt(UINT code, int count = 1)
     {
-        m_frame->m_onLabel = [this, code, left = count](NMLVDISPINFO& info) mutable {
-            if (info.hdr.code == code && --left == 0)
+        m_countdown = count;
+        m_frame->m_onLabel = [this, code](NMLVDISPINFO& info) {
+            if (info.hdr.code == code && --m_countdown == 0)
             {
                 m_frame->m_onLabel = nullptr;
                 if (GetParam() == Blow::Object)
@@ -719,6 +720,8 @@ protected:
         support::Settle();
         EXPECT_TRUE(m_list == nullptr || m_list->m_hWnd == nullptr);
     }
+
+    int m_countdown = 0;
 };
 
 TEST_P(EditCellParent, MayDestroyTheListWhenItIsAsked)

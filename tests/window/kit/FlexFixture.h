@@ -71,17 +71,18 @@ protected:
                 m_lastLabelWParam = wParam;
                 m_labels.push_back({header.code, info.item.iItem, info.item.iSubItem,
                                     info.item.pszText ? std::optional<std::string>(info.item.pszText) : std::nullopt});
-                if (m_onLabel)
+                if (auto const onLabel = m_onLabel) // a copy: it may put another in its place
                 {
-                    if (LRESULT const answer = m_onLabel(info))
+                    if (LRESULT const answer = onLabel(info))
                     {
                         return answer;
                     }
                 }
             }
-            else if (header.code == static_cast<UINT>(LVN_GETDISPINFO) && m_onDispInfo)
+            else if (auto const onDispInfo = m_onDispInfo;
+                     header.code == static_cast<UINT>(LVN_GETDISPINFO) && onDispInfo)
             {
-                m_onDispInfo(info.item);
+                onDispInfo(info.item);
                 return 0;
             }
         }
@@ -95,9 +96,9 @@ protected:
         {
             auto const& notify = *static_cast<AFX_NOTIFY*>(pExtra);
             m_result = *notify.pResult;
-            if (m_onNotify)
+            if (auto const onNotify = m_onNotify)
             {
-                m_onNotify(*notify.pNMHDR);
+                onNotify(*notify.pNMHDR);
             }
         }
         return TestFrame::OnCmdMsg(nID, nCode, pExtra, pHandlerInfo);

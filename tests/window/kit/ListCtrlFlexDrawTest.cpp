@@ -5,6 +5,9 @@
 
 #include <afxcmn.h>
 
+#include <array>
+#include <utility>
+
 namespace
 {
 
@@ -447,5 +450,53 @@ TEST_F(ListCtrlFlexDraw, DrawsTheRowsOfAVirtualList)
     EXPECT_EQ(m_list->GetItemData(0), 0U);
     EXPECT_EQ(m_list->SetItemData(0, 1), -1);
 }
+
+class ListCtrlFlexPaint : public ListCtrlFlexDraw, public testing::WithParamInterface<std::pair<UINT, bool>>
+{
+};
+
+TEST_P(ListCtrlFlexPaint, SurvivesAParentThatDestroysItWhenAskedForWhatARowShows)
+{
+    Open(kListStyle | LVS_OWNERDATA);
+    m_list->InsertColumn(0, adiString, "a", false, 0, 100, 0);
+    m_list->InsertColumn(1, adiString, "b", false, 0, 100, 1);
+    CImageList images;
+    ASSERT_TRUE(images.Create(16, 16, ILC_COLOR32, 1, 1));
+    m_list->SetImageList(&images, LVSIL_SMALL);
+    support::Settle();
+    auto const [mask, object] = GetParam();
+    m_frame->m_onDispInfo = [&, mask = mask, object = object](LVITEM& item) {
+        if ((item.mask & mask) == 0)
+        {
+            return;
+        }
+        m_frame->m_onDispInfo = nullptr;
+        if (object)
+        {
+            m_list.reset();
+        }
+        else
+        {
+            m_list->DestroyWindow();
+        }
+    };
+    m_list->SetItemCount(3);
+    support::Settle();
+    EXPECT_TRUE(m_list == nullptr || m_list->m_hWnd == nullptr);
+    // The context that was being painted in holds on to the control's font until it serves another window.
+    std::array<HDC, 16> contexts{};
+    for (HDC& context : contexts)
+    {
+        context = ::GetDC(m_frame->m_hWnd);
+    }
+    for (HDC const context : contexts)
+    {
+        ::ReleaseDC(m_frame->m_hWnd, context);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(TextAndImage, ListCtrlFlexPaint,
+                         testing::Values(std::pair(UINT{LVIF_TEXT}, false), std::pair(UINT{LVIF_TEXT}, true),
+                                         std::pair(UINT{LVIF_IMAGE}, false), std::pair(UINT{LVIF_IMAGE}, true)));
 
 } // namespace

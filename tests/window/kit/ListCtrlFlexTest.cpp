@@ -494,6 +494,24 @@ TEST_F(ListCtrlFlex, SurvivesACallbackThatDestroysItWhileItSorts)
     EXPECT_EQ(m_list, nullptr);
 }
 
+TEST_F(ListCtrlFlex, SortsAgainInANewWindowAfterACallbackDestroyedTheOldOneWhileItSorted)
+{
+    m_list->ShowWindow(SW_HIDE);
+    AddRows({"a", "b", "c"});
+    m_list->SetItemText(1, 0, LPSTR_TEXTCALLBACK);
+    m_frame->m_onDispInfo = [&](LVITEM&) {
+        m_frame->m_onDispInfo = nullptr;
+        m_list->DestroyWindow();
+    };
+    m_list->Sort(0, true);
+    ASSERT_EQ(m_list->m_hWnd, nullptr);
+    ASSERT_TRUE(m_list->Create(kListStyle, CRect(0, 0, 300, 100), m_frame.get(), kListId));
+    AddColumns(1);
+    AddRows({"b", "a"});
+    m_list->Sort(0, true);
+    EXPECT_THAT(Column(), ElementsAre("a", "b"));
+}
+
 TEST_F(ListCtrlFlex, SurvivesACallbackThatChangesTheRowsAndSortsWhileItSorts)
 {
     m_list->ShowWindow(SW_HIDE);

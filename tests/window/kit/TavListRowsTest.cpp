@@ -473,8 +473,6 @@ INSTANTIATE_TEST_SUITE_P(
                             [](CTavListCtrl& list) { EXPECT_EQ(list.AddRow("a|b|c", nullptr), -1); }},
                     EndCase{"AddEmptyRow", UINT(LVN_INSERTITEM),
                             [](CTavListCtrl& list) { EXPECT_EQ(list.AddRow(), -1); }},
-                    EndCase{"AddRowLater", UINT(LVN_ITEMCHANGED),
-                            [](CTavListCtrl& list) { EXPECT_EQ(list.AddRow("a|b", nullptr), -1); }},
                     EndCase{"RmvRow", UINT(LVN_DELETEITEM), [](CTavListCtrl& list) { list.RmvRow(1); }},
                     EndCase{"Reset", UINT(LVN_DELETEALLITEMS), [](CTavListCtrl& list) { list.Reset(); }},
                     EndCase{"SetSlct", UINT(LVN_ITEMCHANGED), [](CTavListCtrl& list) { list.SetSlct(0, false); }},
