@@ -225,7 +225,6 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
         item.iSubItem = col;
         item.pszText = text.data();
         item.cchTextMax = static_cast<int>(text.size());
-        item.lParam = kNoParam;
         GetItem(&item);
         if (watch.IsGone() || m_hWnd == nullptr)
         {
@@ -236,9 +235,12 @@ bool CListCtrlFlex::FetchKeys(int col, int rows, Room room, Take take)
             ::lstrcpyn(text.data(), item.pszText, item.cchTextMax); // the control pointed to a text of its own
         }
         text.back() = '\0';
-        // A control need not tell the parameter with any cell but the first.
-        ItemRec* const record =
-            RecordOf(item.lParam != kNoParam ? item.lParam : static_cast<LPARAM>(CListCtrl::GetItemData(row)));
+        ItemRec* record = RecordOf(item.lParam);
+        if (record == nullptr)
+        {
+            // A control need not tell the parameter with any cell but the first.
+            record = RecordOf(static_cast<LPARAM>(CListCtrl::GetItemData(row)));
+        }
         if (record != nullptr)
         {
             take(*record);
