@@ -116,6 +116,12 @@ TEST_F(TreeItems, AnItemIsAddedWithTextAndDataInItsPlace)
     EXPECT_EQ(m_tree->GetItemData(nullptr), 0U);
 }
 
+TEST_F(TreeItems, MayHaveNoText)
+{
+    EXPECT_STREQ(m_tree->GetItemText(m_tree->AddItem(static_cast<char const*>(nullptr), 1, TVI_ROOT, TVI_LAST)), "");
+    EXPECT_STREQ(m_tree->GetItemText(Add("")), "");
+}
+
 TEST_F(TreeItems, TheCurrentDataIsThatOfTheSelectedItem)
 {
     Fill();
