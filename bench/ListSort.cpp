@@ -1,5 +1,6 @@
 // ListSort.cpp - [list_sort] the flexible list's sort against the plain control sorted by keys that were fetched once
 #include "bench/Bench.h"
+#include "bench/ListWindows.h"
 #include "tavkit/lists/ListCtrlFlex.h"
 
 #include <afxcmn.h>
@@ -71,18 +72,6 @@ private:
     std::vector<std::string> m_texts;
 };
 
-/// A window that both lists are children of; neither is ever shown.
-class HiddenFrame : public CWnd
-{
-public:
-    HiddenFrame()
-    {
-        Require(CreateEx(0, AfxRegisterWndClass(0), "", WS_POPUP, 0, 0, 600, 400, nullptr, nullptr) != FALSE,
-                "the frame can't be made");
-    }
-    ~HiddenFrame() override { DestroyWindow(); }
-};
-
 void FillCells(HWND list, const Cells& cells)
 {
     for (int row = 0; row < kRows; ++row)
@@ -97,17 +86,6 @@ void FillCells(HWND list, const Cells& cells)
     }
 }
 
-std::string CellOf(HWND list, int row, int column)
-{
-    char text[kKeyRoom] = "";
-    LVITEMA item{};
-    item.iSubItem = column;
-    item.pszText = text;
-    item.cchTextMax = kKeyRoom;
-    ::SendMessageA(list, LVM_GETITEMTEXTA, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&item));
-    return text;
-}
-
 // --- ours -----------------------------------------------------------------------------------------------------------
 
 class FlexList : public CListCtrlFlex
@@ -115,10 +93,11 @@ class FlexList : public CListCtrlFlex
 public:
     FlexList(CWnd& parent, const Cells& cells)
     {
-        Require(Create(kStyle, CRect(0, 0, 600, 400), &parent, 1) != FALSE, "the flexible list can't be made");
+        Require(Create(kStyle, kListPlace, &parent, 1) != FALSE, "the flexible list can't be made");
         for (int column = 0; column < ColumnCount; ++column)
         {
-            InsertColumn(column, IsText(column) ? adiString : adiDouble, "", false, LVCFMT_LEFT, 100, column);
+            InsertColumn(column, IsText(column) ? adiString : adiDouble, "", false, LVCFMT_LEFT, kListColumnWidth,
+                         column);
         }
         for (int row = 0; row < kRows; ++row)
         {
@@ -149,19 +128,19 @@ int CALLBACK CompareNumbers(LPARAM first, LPARAM second, LPARAM)
 }
 
 /// A list view without any framework, whose rows carry their keys.
-class PlainList
+class KeyedList
 {
 public:
-    PlainList(CWnd& parent, const Cells& cells) : m_keys(kRows), m_texts(new char[std::size_t{kRows} * kKeyRoom])
+    KeyedList(CWnd& parent, const Cells& cells) : m_keys(kRows), m_texts(new char[std::size_t{kRows} * kKeyRoom])
     {
-        m_list = ::CreateWindowExA(0, WC_LISTVIEWA, "", kStyle, 0, 0, 600, 400, parent.m_hWnd, nullptr,
-                                   ::GetModuleHandleA(nullptr), nullptr);
+        m_list = ::CreateWindowExA(0, WC_LISTVIEWA, "", kStyle, 0, 0, kListPlace.right, kListPlace.bottom,
+                                   parent.m_hWnd, nullptr, ::GetModuleHandleA(nullptr), nullptr);
         Require(m_list != nullptr, "the plain list can't be made");
         for (int column = 0; column < ColumnCount; ++column)
         {
             LVCOLUMNA info{};
             info.mask = LVCF_WIDTH | LVCF_SUBITEM;
-            info.cx = 100;
+            info.cx = kListColumnWidth;
             info.iSubItem = column;
             ::SendMessageA(m_list, LVM_INSERTCOLUMNA, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&info));
         }
@@ -176,9 +155,9 @@ public:
         }
         FillCells(m_list, cells);
     }
-    ~PlainList() { ::DestroyWindow(m_list); }
-    PlainList(const PlainList&) = delete;
-    PlainList& operator=(const PlainList&) = delete;
+    ~KeyedList() { ::DestroyWindow(m_list); }
+    KeyedList(const KeyedList&) = delete;
+    KeyedList& operator=(const KeyedList&) = delete;
 
     [[nodiscard]] HWND Handle() const noexcept { return m_list; }
     /// The keys of the last sort, in the order of the records.
@@ -224,8 +203,8 @@ void CheckOrder(HWND list, int column)
 {
     for (int row = 1; row < kRows; ++row)
     {
-        const std::string above = CellOf(list, row - 1, column);
-        const std::string below = CellOf(list, row, column);
+        const std::string above = CellText(list, row - 1, column);
+        const std::string below = CellText(list, row, column);
         Require(IsText(column) ? above <= below : std::stod(above) <= std::stod(below),
                 "row " + std::to_string(row) + " is out of order");
     }
@@ -245,7 +224,7 @@ Side InTurns(Column first, Column second, HWND list, Sort sort)
     return side;
 }
 
-std::vector<Row> Measure(const std::string& name, Column first, Column second, FlexList& flex, PlainList& plain)
+std::vector<Row> Measure(const std::string& name, Column first, Column second, FlexList& flex, KeyedList& plain)
 {
     const Side ours = InTurns(first, second, flex.m_hWnd, [&](Column column) { flex.Sort(column, true); });
     const Side reference = InTurns(first, second, plain.Handle(), [&](Column column) { plain.Sort(column); });
@@ -278,9 +257,9 @@ std::vector<Row> Measure(const std::string& name, Column first, Column second, F
 std::vector<Row> Run()
 {
     const Cells cells;
-    HiddenFrame frame;
+    ListParent frame; // neither list is ever shown
     FlexList flex(frame, cells);
-    PlainList plain(frame, cells);
+    KeyedList plain(frame, cells);
     std::vector<Row> rows = Measure("list_sort text", TextColumn, OtherTextColumn, flex, plain);
     std::ranges::copy(Measure("list_sort number", NumberColumn, OtherNumberColumn, flex, plain),
                       std::back_inserter(rows));
