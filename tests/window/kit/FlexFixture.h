@@ -57,6 +57,9 @@ public:
     std::function<void(NMHDR&)> m_onNotify;
     LRESULT m_result = -1; ///< the list's result of the last of them, as the parent finds it
 
+    /// Calls nobody any more: a test's callbacks name variables that end with its body, the windows end later.
+    void Forget() { m_onLabel = nullptr, m_onDispInfo = nullptr, m_onNotify = nullptr; }
+
 protected:
     LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
     {
@@ -117,6 +120,10 @@ protected:
 
     void TearDown() override
     {
+        if (m_frame)
+        {
+            m_frame->Forget();
+        }
         m_list.reset();
         m_frame.reset();
         WindowTest::TearDown();
