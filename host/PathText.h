@@ -40,5 +40,5 @@ struct PathParts
 [[nodiscard]] bool LiesWithin(std::string_view root, std::string_view path) noexcept;
 
 /// The name that a user reads for a folder or file: the last part of its path; a root as a whole.
-[[nodiscard]] std::string DisplayName(std::string_view path);
+[[nodiscard]] TAVHOST_API std::string DisplayName(std::string_view path);
 } // namespace host

@@ -18,7 +18,8 @@ constexpr int kPixelLabelWidth = 32;
 constexpr int kPixelSizeWidth = 44;
 constexpr int kPixelUnitWidth = 52;
 constexpr int kViewWidth = 162;
-constexpr int kViewHeight = 90;
+constexpr int kViewHeight = 132;
+constexpr int kProjectHeight = 84;
 constexpr int kTableHeight = 70;
 
 int Scale(int units, int base, int perBase) { return (units * base + perBase / 2) / perBase; }
@@ -43,8 +44,11 @@ FrameLayout DesignFrame(const DialogUnits& units) noexcept
     const int tableTop = bottom + marginY;
     const int tableBottom = tableTop + units.Y(kTableHeight);
     layout.client = {right + marginX, tableBottom + marginY};
-    const int labelBottom = marginY + units.Y(kLabelHeight);
-    layout.listLabel = {marginX, marginY, listRight, labelBottom};
+    const int projectBottom = marginY + units.Y(kProjectHeight);
+    const int listLabelTop = projectBottom + marginY;
+    const int labelBottom = listLabelTop + units.Y(kLabelHeight);
+    layout.project = {marginX, marginY, listRight, projectBottom};
+    layout.listLabel = {marginX, listLabelTop, listRight, labelBottom};
     layout.list = {marginX, labelBottom + units.Y(kLabelGap), listRight, bottom};
     layout.view = {left, marginY, right, viewBottom};
     layout.table = {marginX, tableTop, right, tableBottom};

@@ -22,6 +22,7 @@ struct DialogUnits
 struct FrameLayout
 {
     SIZE client{}; ///< above the status bar
+    RECT project{};
     RECT listLabel{};
     RECT list{};
     RECT view{};
@@ -34,8 +35,11 @@ struct FrameLayout
 /// Part of the window's growth in height that the picture gets; the table gets the rest.
 inline constexpr signed char kViewPercent = 60;
 
-/// The main window as it was designed, which is also the smallest in which all parts are of use: the list at the left,
-/// the view beside it, the field for the pixel's size under the view, and the table under all of them. Larger windows
-/// are laid out from here.
+/// Part of it that the project gets of what is at the side of the picture; the list under it gets the rest.
+inline constexpr signed char kProjectPercent = 36;
+
+/// The main window as it was designed, which is also the smallest in which all parts are of use: the project and the
+/// list under it at the left, the view beside them, the field for the pixel's size under the view, and the table under
+/// all of them. Larger windows are laid out from here.
 [[nodiscard]] FrameLayout DesignFrame(const DialogUnits& units) noexcept;
 } // namespace workbench

@@ -65,6 +65,10 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_VIEW_RELOAD, OnViewReload)
     ON_COMMAND(IDM_VIEW_DETAILS, OnViewDetails)
     ON_COMMAND(IDM_HELP_ABOUT, OnHelpAbout)
+    ON_COMMAND_RANGE(IDM_PROJECT_NEW_GROUP, IDM_PROJECT_REMOVE, OnProjectCommand)
+    ON_COMMAND(IDM_PROJECT_FIND, OnProjectFind)
+    ON_COMMAND(IDM_PROJECT_FIND_NEXT, OnProjectFindNext)
+    ON_COMMAND(IDM_GO_PROJECT, OnGoProject)
     ON_COMMAND(IDM_GO_PICTURES, OnGoPictures) // the labels' letters, which only dialogs look after themselves
     ON_COMMAND(IDM_GO_PIXEL_SIZE, OnGoPixelSize)
     ON_COMMAND(IDM_GO_TABLE, OnGoTable)
@@ -75,6 +79,14 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_NEXT, OnUpdateNext)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_PREVIOUS, OnUpdatePrevious)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_SCALE_BAR, OnUpdateScaleBar)
+    ON_UPDATE_COMMAND_UI_RANGE(IDM_PROJECT_NEW_GROUP, IDM_PROJECT_REMOVE, OnUpdateProjectCommand)
+    ON_CONTROL(projectChosen, IDC_PROJECT_PANE, OnProjectChosen)
+    ON_CONTROL(projectChanged, IDC_PROJECT_PANE, OnProjectChosen) // hidden, or under another label
+    ON_CONTROL(projectFocus, IDC_PROJECT_PANE, OnProjectFocus)
+    ON_CONTROL(projectGone, IDC_PROJECT_PANE, OnProjectGone)
+    ON_CONTROL(projectSearched, IDC_PROJECT_PANE, OnProjectSearched)
+    ON_CONTROL(projectFieldFocus, IDC_PROJECT_PANE, OnProjectFieldFocus)
+    ON_CONTROL(projectMenu, IDC_PROJECT_PANE, OnProjectMenu)
     ON_NOTIFY(LVN_ITEMCHANGED, IDC_PICTURE_LIST, OnListItemChanged) // another picture is selected
     ON_NOTIFY(LVN_ENDLABELEDIT, IDC_PICTURE_LIST, OnListNameEdited) // a picture gets another name
     ON_NOTIFY(NM_SETFOCUS, IDC_PICTURE_LIST, OnListFocus)
@@ -94,12 +106,12 @@ MainFrame::MainFrame(const char* profileSection) : cdxCDynamicWnd(FreedomXY, kNo
 cdxCDynamicWnd::__dynEntry const* MainFrame::__getDynMap(__dynEntry const*) const
 {
     constexpr int kPercent = 1;
-    constexpr int kModes = 2;
     constexpr int kEnd = 0;
     constexpr signed char kAll = 100;
     static constexpr __dynEntry kParts[]{
-        {kModes, IDC_PICTURE_LABEL, ModeStay, ModeStay, 0, 0},
-        {kPercent, IDC_PICTURE_LIST, 0, 0, 0, kViewPercent},
+        {kPercent, IDC_PROJECT_PANE, 0, 0, 0, kProjectPercent},
+        {kPercent, IDC_PICTURE_LABEL, 0, kProjectPercent, 0, kProjectPercent},
+        {kPercent, IDC_PICTURE_LIST, 0, kProjectPercent, 0, kViewPercent},
         {kPercent, IDC_PICTURE_VIEW, 0, 0, kAll, kViewPercent},
         {kPercent, IDC_PIXEL_LABEL, 0, kViewPercent, 0, kViewPercent},
         {kPercent, IDC_PIXEL_SIZE, 0, kViewPercent, 0, kViewPercent},
@@ -140,7 +152,8 @@ BOOL MainFrame::CreateParts()
     const FrameLayout place = DesignFrame(m_units);
     constexpr DWORD kPart = WS_CHILD | WS_VISIBLE;
     // The order is that of the Tab key; a label stands before what its mnemonic leads to.
-    if (!m_listLabel.Create("Pi&ctures:", kPart, place.listLabel, this, IDC_PICTURE_LABEL) ||
+    if (!m_project.Create(place.project, this, IDC_PROJECT_PANE, &m_font, m_units) ||
+        !m_listLabel.Create("Pi&ctures:", kPart, place.listLabel, this, IDC_PICTURE_LABEL) ||
         !m_list.Create(place.list, this, IDC_PICTURE_LIST, &m_font) ||
         !m_view.Create(place.view, this, IDC_PICTURE_VIEW, &m_font) ||
         !m_pixelLabel.Create("&Pixel size:", kPart, place.pixelLabel, this, IDC_PIXEL_LABEL) ||
@@ -191,21 +204,31 @@ void MainFrame::OpenPath(const std::string& path)
     {
         const DString folder = file.GetPhysFilePath();
         m_pictures.Load(folder.IsEmpty() ? "." : folder.c_str());
+        m_project.Tree().OpenFolder(m_pictures.Folder());
         FillList(0);
         OpenTable(path);
         return;
     }
     m_pictures.Load(path);
+    m_project.Tree().OpenFolder(m_pictures.Folder());
     FillList(std::max(0, m_pictures.Asked()));
 }
 
 void MainFrame::OpenTable(const std::string& path)
 {
-    const std::string problem = m_table.OpenTable(path);
-    if (!problem.empty())
+    if (const std::string problem = TryTable(path); !problem.empty())
     {
         AfxMessageBox(problem.c_str(), MB_OK | MB_ICONEXCLAMATION);
-        return;
+    }
+}
+
+/// Opens a table, beside the picture that its name belongs to if there is one. @return why that can't be done
+std::string MainFrame::TryTable(const std::string& path)
+{
+    std::string problem = m_table.OpenTable(path);
+    if (!problem.empty())
+    {
+        return problem;
     }
     const int picture = PictureOfTable(m_pictures.Names(), StripPath(path.c_str()).c_str());
     if (picture >= 0 && picture != m_current)
@@ -214,9 +237,10 @@ void MainFrame::OpenTable(const std::string& path)
     }
     m_measured = CurrentPath();
     UpdateMark();
+    return problem;
 }
 
-void MainFrame::FillList(int selection)
+void MainFrame::FillRows()
 {
     if (m_list.IsChild(GetFocus()))
     {
@@ -226,6 +250,13 @@ void MainFrame::FillList(int selection)
     m_list.Fill(m_pictures);
     m_isFilling = false;
     m_current = -1;
+    m_page.clear();
+    m_message.clear();
+}
+
+void MainFrame::FillList(int selection)
+{
+    FillRows();
     Select(selection);
 }
 
@@ -237,13 +268,14 @@ void MainFrame::Select(int index)
         m_list.Select(index);
         m_isFilling = false;
         m_current = index;
+        m_page.clear();
     }
     ShowCurrent();
 }
 
 std::string MainFrame::CurrentPath() const
 {
-    return m_current < 0 ? std::string() : m_pictures.PathOf(static_cast<size_t>(m_current));
+    return m_current < 0 ? std::string() : m_page.empty() ? m_pictures.PathOf(static_cast<size_t>(m_current)) : m_page;
 }
 
 void MainFrame::ShowCurrent()
@@ -252,7 +284,7 @@ void MainFrame::ShowCurrent()
     m_info.reset();
     if (m_current < 0)
     {
-        m_view.ShowMessage(m_pictures.Problem(), false);
+        m_view.ShowMessage(m_message.empty() ? m_pictures.Problem() : m_message, false);
     }
     else
     {
@@ -267,6 +299,10 @@ void MainFrame::ShowCurrent()
             m_view.ShowMessage("\"" + m_pictures.Names()[static_cast<size_t>(m_current)] + "\" can't be read.", true);
             m_list.ShowUnreadable(m_current);
         }
+        if (!m_isProjectChoice)
+        {
+            m_project.Tree().ChooseMoniker(path);
+        }
     }
     UpdateMark();
     UpdateStatus();
@@ -280,7 +316,8 @@ void MainFrame::UpdateMark()
 
 void MainFrame::UpdateStatus()
 {
-    SetStatus(statusName, m_current < 0 ? m_pictures.Folder() : m_pictures.Names()[static_cast<size_t>(m_current)]);
+    const std::string name = m_current < 0 ? m_pictures.Folder() : m_pictures.Names()[static_cast<size_t>(m_current)];
+    SetStatus(statusName, m_page.empty() ? name : name + ", " + m_pageName);
     if (!m_info || !m_view.HasPicture())
     {
         SetStatus(statusSize, "");

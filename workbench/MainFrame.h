@@ -8,6 +8,7 @@
 #include "workbench/PictureList.h"
 #include "workbench/PictureListCtrl.h"
 #include "workbench/PictureView.h"
+#include "workbench/ProjectPane.h"
 #include "workbench/Settings.h"
 #include "workbench/TablePane.h"
 
@@ -15,6 +16,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace workbench
 {
@@ -24,9 +26,9 @@ inline constexpr char kTitle[] = "TavKit Workbench";
 /// Posted by the window to itself: what went wrong in a notification is told when that is over.
 inline constexpr UINT kTellProblem = WM_APP + 1;
 
-/// The main window: the pictures of a folder at the left, the chosen one beside them with a field for the size of its
-/// pixels, and a table of objects beneath, of which the selected one is marked in the picture. Made with new; deletes
-/// itself with its window.
+/// The main window: at the left the project over a folder, and the pictures of the folder that the chosen item lies in,
+/// the chosen picture beside them with a field for the size of its pixels, and a table of objects beneath, of which the
+/// selected one is marked in the picture. Made with new; deletes itself with its window.
 class MainFrame : public CFrameWnd, private cdxCDynamicWnd
 {
 public:
@@ -65,6 +67,10 @@ protected:
     afx_msg void OnViewReload();
     afx_msg void OnViewDetails();
     afx_msg void OnHelpAbout();
+    afx_msg void OnProjectCommand(UINT id);
+    afx_msg void OnProjectFind();
+    afx_msg void OnProjectFindNext();
+    afx_msg void OnGoProject();
     afx_msg void OnGoPictures();
     afx_msg void OnGoPixelSize();
     afx_msg void OnGoTable();
@@ -74,6 +80,13 @@ protected:
     afx_msg void OnUpdateNext(CCmdUI* command);
     afx_msg void OnUpdatePrevious(CCmdUI* command);
     afx_msg void OnUpdateScaleBar(CCmdUI* command);
+    afx_msg void OnUpdateProjectCommand(CCmdUI* command);
+    afx_msg void OnProjectChosen();
+    afx_msg void OnProjectFocus();
+    afx_msg void OnProjectGone();
+    afx_msg void OnProjectSearched();
+    afx_msg void OnProjectFieldFocus();
+    afx_msg void OnProjectMenu();
     afx_msg void OnListItemChanged(NMHDR* header, LRESULT* result);
     afx_msg void OnListNameEdited(NMHDR* header, LRESULT* result);
     afx_msg void OnListFocus(NMHDR* header, LRESULT* result);
@@ -91,8 +104,14 @@ private:
     void Apply(const Settings& settings);
     [[nodiscard]] std::string AskForFile(const char* title, const std::string& filter);
     void OpenTable(const std::string& path);
+    [[nodiscard]] std::string TryTable(const std::string& path);
+    void TellLater(const std::string& problem);
+    void ShowItem(const ProjectItem& item);
+    void ShowNoPicture(const std::string& message);
+    void ListPictures(const std::string& folder, std::string_view name);
     [[nodiscard]] bool MayDelete(const std::string& name);
     void MeasureFont();
+    void FillRows();
     void FillList(int selection);
     void Select(int index);
     void ShowCurrent();
@@ -110,6 +129,7 @@ private:
     Settings m_settings; // as they are in the profile
     CFont m_font;
     DialogUnits m_units;
+    ProjectPane m_project;
     CStatic m_listLabel;
     PictureListCtrl m_list;
     PictureView m_view;
@@ -121,6 +141,10 @@ private:
     CWnd* m_focus = &m_list; // the part that had the focus last
     PictureList m_pictures;
     int m_current = -1;                // the picture shown; -1 for none
+    std::string m_page;                // a single page of it that is shown, as a moniker; empty for the file
+    std::string m_pageName;            // its label
+    std::string m_message;             // shown in place of a picture; empty for the list's own problem
+    bool m_isProjectChoice = false;    // what is shown was chosen in the project
     bool m_isFilling = false;          // what the list tells meanwhile isn't the user's doing
     std::string m_measured;            // the picture that the table belongs to
     std::string m_problem;             // to be told when the notification under way is over

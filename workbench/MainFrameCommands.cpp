@@ -5,6 +5,7 @@
 #include "workbench/AboutDlg.h"
 #include "workbench/PictureNames.h"
 #include "workbench/SettingsDlg.h"
+#include "workbench/resource.h"
 
 #include <commdlg.h>
 
@@ -59,6 +60,11 @@ void MainFrame::OnFileExit() { PostMessage(WM_CLOSE); }
 
 void MainFrame::OnEditRename()
 {
+    if (GetFocus() == &m_project.Tree()) // F2 means what has the focus
+    {
+        m_project.Tree().Do(ProjectCommand::rename);
+        return;
+    }
     m_list.SetFocus();
     m_list.EditName(m_current);
 }
@@ -128,6 +134,7 @@ void MainFrame::OnViewReload()
     const int index = m_current;
     const std::string name = index < 0 ? "" : m_pictures.Names()[static_cast<size_t>(index)];
     m_pictures.Reload();
+    m_project.Tree().Reload();
     const int found = IndexOfName(m_pictures.Names(), name);
     const int last = static_cast<int>(m_pictures.Names().size()) - 1;
     FillList(found >= 0 ? found : std::clamp(index, 0, std::max(0, last)));
@@ -161,7 +168,11 @@ void MainFrame::OnGoTable() { m_table.List().SetFocus(); }
 
 void MainFrame::OnGoClass() { m_table.ClassBox().SetFocus(); }
 
-void MainFrame::OnUpdateHasPicture(CCmdUI* command) { command->Enable(m_current >= 0); }
+void MainFrame::OnUpdateHasPicture(CCmdUI* command)
+{
+    const bool isRenamed = command->m_nID == IDM_EDIT_RENAME && GetFocus() == &m_project.Tree();
+    command->Enable(isRenamed ? m_project.Tree().Can(ProjectCommand::rename) : m_current >= 0);
+}
 
 void MainFrame::OnUpdateDetails(CCmdUI* command) { command->Enable(m_view.OffersDetails()); }
 
@@ -179,6 +190,7 @@ void MainFrame::OnListItemChanged(NMHDR* header, LRESULT*)
     if (picture >= 0 && picture != m_current)
     {
         m_current = picture;
+        m_page.clear();
         ShowCurrent();
     }
 }
@@ -203,12 +215,10 @@ void MainFrame::OnListNameEdited(NMHDR* header, LRESULT*)
     m_list.ShowName(picture, m_pictures.Names()[index]);
     if (!problem.empty())
     {
-        if (std::exchange(m_problem, problem).empty())
-        {
-            PostMessage(kTellProblem);
-        }
+        TellLater(problem);
         return;
     }
+    m_project.Tree().FileRenamed(pathBefore, m_pictures.PathOf(index));
     if (m_measured == pathBefore)
     {
         m_measured = m_pictures.PathOf(index);
@@ -216,6 +226,15 @@ void MainFrame::OnListNameEdited(NMHDR* header, LRESULT*)
     if (picture == m_current)
     {
         ShowCurrent();
+    }
+}
+
+/// Tells a problem when the notification under way is over.
+void MainFrame::TellLater(const std::string& problem)
+{
+    if (std::exchange(m_problem, problem).empty())
+    {
+        PostMessage(kTellProblem);
     }
 }
 

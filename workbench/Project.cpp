@@ -1,5 +1,6 @@
 #include "workbench/Project.h"
 
+#include "host/PathText.h"
 #include "host/repository/NodeNames.h"
 
 #include <algorithm>
@@ -186,6 +187,27 @@ bool Project::Rename(ProjectId id, std::string_view label)
     }
     Get(id)->label = label;
     return true;
+}
+
+std::vector<ProjectId> Project::FileRenamed(std::string_view from, std::string_view to)
+{
+    std::vector<ProjectId> renamed;
+    for (auto& [id, item] : m_items)
+    {
+        const host::PathParts parts = host::SplitPath(item.moniker);
+        const std::size_t fileLength = item.moniker.size() - parts.options.size();
+        if (item.moniker.empty() || !repository::SameName(std::string_view(item.moniker).substr(0, fileLength), from))
+        {
+            continue;
+        }
+        if (item.label == parts.name)
+        {
+            item.label = host::DisplayName(to);
+        }
+        item.moniker.replace(0, fileLength, to);
+        renamed.push_back(id);
+    }
+    return renamed;
 }
 
 bool Project::SetHidden(ProjectId id, bool hidden)

@@ -102,6 +102,10 @@ public:
     ProjectId MakeGroup(ProjectPlace place);
     /// Gives an item another label, blanks at both ends left out. False, and nothing changed, for a blank one.
     bool Rename(ProjectId id, std::string_view label);
+    /// A file has another path now: the items that stand for it, or for a page of it, follow; so do labels that are its
+    /// name.
+    /// @return the items that follow
+    std::vector<ProjectId> FileRenamed(std::string_view from, std::string_view to);
     /// False for the root.
     bool SetHidden(ProjectId id, bool hidden);
     /// Takes an item with all that it holds out of the project.

@@ -123,6 +123,17 @@ bool ProjectTree::ChooseMoniker(const std::string& moniker)
     return id != 0;
 }
 
+void ProjectTree::FileRenamed(const std::string& from, const std::string& to)
+{
+    for (const ProjectId id : m_project.FileRenamed(from, to))
+    {
+        if (const HTREEITEM row = RowOf(id))
+        {
+            SetItemText(row, m_project.Find(id)->label.c_str());
+        }
+    }
+}
+
 // Rows
 
 ProjectTree::Glyph ProjectTree::GlyphOf(const ProjectItem& item)

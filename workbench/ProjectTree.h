@@ -53,6 +53,8 @@ public:
     /// Chooses the first item that stands for a moniker among those that were read so far, or none. A program's choice
     /// isn't told.
     bool ChooseMoniker(const std::string& moniker);
+    /// A file on disk has another path now: the items that stand for it follow, and so do labels that are its name.
+    void FileRenamed(const std::string& from, const std::string& to);
     /// Label of the folder of the last projectGone.
     [[nodiscard]] const std::string& Gone() const { return m_gone; }
 

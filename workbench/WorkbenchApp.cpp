@@ -45,6 +45,7 @@ BOOL WorkbenchApp::InitInstance()
     SetRegistryKey(kRegistryKey);
     TavKitInit();
     m_started = true;
+    m_drivers.emplace();
 
     const bool tour = !options.tourFolder.empty();
     if (tour)
@@ -80,6 +81,7 @@ int WorkbenchApp::ExitInstance()
         code = automation::Finish(m_tour->Wait() ? EXIT_SUCCESS : EXIT_FAILURE);
         m_tour.reset();
     }
+    m_drivers.reset();
     if (m_started)
     {
         TavKitShutdown();

@@ -1,9 +1,12 @@
 // WorkbenchApp.h - the workbench's application object
 #pragma once
 
+#include "host/repository/StandardDrivers.h"
+
 #include <afxwin.h>
 
 #include <memory>
+#include <optional>
 
 namespace workbench
 {
@@ -20,6 +23,7 @@ public:
     int ExitInstance() override;
 
 private:
+    std::optional<repository::StandardDrivers> m_drivers; // while there are windows
     std::unique_ptr<Tour> m_tour;
     bool m_started = false; // the library's graphics
 };

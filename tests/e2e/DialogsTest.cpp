@@ -181,11 +181,16 @@ TEST_F(WorkbenchLayout, SharesFurtherHeightBetweenViewAndTableAndGivesAllWidthTo
         {
             before.push_back(place(id));
         }
+        const RECT project = place(IDC_PROJECT_PANE);
         DragCorner(Workbench(), frame, by.x, by.y);
         const LONG down = by.y * 3 / 5; // the view's part; the table gets the rest
         ASSERT_TRUE(PumpUntil([&] { return place(IDC_PICTURE_VIEW) == moved(before[2], 0, 0, by.x, down); }));
-        EXPECT_TRUE(place(IDC_PICTURE_LABEL) == before[0]);
-        EXPECT_TRUE(place(IDC_PICTURE_LIST) == moved(before[1], 0, 0, 0, down));
+        // The project shares what the view gets with the list under it.
+        const LONG share = place(IDC_PROJECT_PANE).bottom - project.bottom;
+        EXPECT_NEAR(share, by.y * 0.36, 1.0);
+        EXPECT_TRUE(place(IDC_PROJECT_PANE) == moved(project, 0, 0, 0, share));
+        EXPECT_TRUE(place(IDC_PICTURE_LABEL) == moved(before[0], 0, share, 0, share));
+        EXPECT_TRUE(place(IDC_PICTURE_LIST) == moved(before[1], 0, share, 0, down));
         for (size_t i = 3; i < std::size(ids) - 1; ++i)
         {
             EXPECT_TRUE(place(ids[i]) == moved(before[i], 0, down, 0, down)) << i;

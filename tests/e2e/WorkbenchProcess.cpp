@@ -5,8 +5,6 @@
 
 #include "workbench/resource.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <string_view>
 
@@ -160,6 +158,107 @@ HWND WorkbenchProcess::Table() const { return ::GetDlgItem(::GetDlgItem(m_window
 HWND WorkbenchProcess::ClassBox() const
 {
     return ::GetDlgItem(::GetDlgItem(m_window, IDC_TABLE_PANE), IDC_TABLE_CLASS);
+}
+
+HWND WorkbenchProcess::Tree() const { return ::GetDlgItem(::GetDlgItem(m_window, IDC_PROJECT_PANE), IDC_PROJECT_TREE); }
+
+HWND WorkbenchProcess::FindField() const
+{
+    return ::GetDlgItem(::GetDlgItem(m_window, IDC_PROJECT_PANE), IDC_PROJECT_FIND);
+}
+
+HTREEITEM WorkbenchProcess::TreeNext(HTREEITEM row, WPARAM relation) const
+{
+    return reinterpret_cast<HTREEITEM>(
+        ::SendMessageA(Tree(), TVM_GETNEXTITEM, relation, reinterpret_cast<LPARAM>(row)));
+}
+
+std::string WorkbenchProcess::TreeLabel(HTREEITEM row) const
+{
+    constexpr size_t kText = 512;
+    const RemoteBuffer buffer(m_process.hProcess, sizeof(TVITEMA) + kText);
+    TVITEMA item{};
+    item.mask = TVIF_TEXT;
+    item.hItem = row;
+    item.pszText = reinterpret_cast<char*>(buffer.Address()) + sizeof item;
+    item.cchTextMax = kText;
+    buffer.Write(item);
+    ::SendMessageA(Tree(), TVM_GETITEMA, 0, buffer.Address());
+    return buffer.Read(sizeof item + kText).substr(sizeof item).c_str();
+}
+
+bool WorkbenchProcess::HasTreeState(HTREEITEM row, UINT state) const
+{
+    const auto answer = ::SendMessageA(Tree(), TVM_GETITEMSTATE, reinterpret_cast<WPARAM>(row), state);
+    return (static_cast<UINT>(answer) & state) != 0;
+}
+
+bool WorkbenchProcess::IsTreeTarget(HTREEITEM row) const { return HasTreeState(row, TVIS_DROPHILITED); }
+
+bool WorkbenchProcess::HasTreeButton(HTREEITEM row) const
+{
+    const RemoteBuffer buffer(m_process.hProcess, sizeof(TVITEMA));
+    TVITEMA item{};
+    item.mask = TVIF_CHILDREN;
+    item.hItem = row;
+    buffer.Write(item);
+    ::SendMessageA(Tree(), TVM_GETITEMA, 0, buffer.Address());
+    return buffer.ReadValue<TVITEMA>().cChildren > 0;
+}
+
+std::string WorkbenchProcess::TreeRowsFrom(HTREEITEM row) const
+{
+    std::string line = TreeLabel(row);
+    HTREEITEM child = HasTreeState(row, TVIS_EXPANDED) ? TreeNext(row, TVGN_CHILD) : nullptr;
+    if (child == nullptr)
+    {
+        return line + (HasTreeButton(row) ? "+" : "");
+    }
+    line += "(";
+    while (child != nullptr)
+    {
+        line += TreeRowsFrom(child);
+        child = TreeNext(child, TVGN_NEXT);
+        line += child != nullptr ? " " : "";
+    }
+    return line + ")";
+}
+
+std::string WorkbenchProcess::TreeRows() const
+{
+    const HTREEITEM root = TreeNext(nullptr, TVGN_ROOT);
+    return root != nullptr ? TreeRowsFrom(root) : "";
+}
+
+HTREEITEM WorkbenchProcess::TreeRow(const std::string& label) const
+{
+    HTREEITEM row = TreeNext(nullptr, TVGN_ROOT);
+    while (row != nullptr && TreeLabel(row) != label)
+    {
+        HTREEITEM next = TreeNext(row, TVGN_CHILD);
+        for (; row != nullptr && next == nullptr; row = TreeNext(row, TVGN_PARENT))
+        {
+            next = TreeNext(row, TVGN_NEXT);
+        }
+        row = next;
+    }
+    return row;
+}
+
+std::string WorkbenchProcess::TreeChosen() const
+{
+    const HTREEITEM row = TreeNext(nullptr, TVGN_CARET);
+    return row != nullptr ? TreeLabel(row) : "";
+}
+
+POINT WorkbenchProcess::TreePlace(const std::string& label) const
+{
+    const RemoteBuffer buffer(m_process.hProcess, sizeof(RECT));
+    const HTREEITEM row = TreeRow(label);
+    buffer.Write(row); // where the rectangle goes stands which row is meant
+    ::SendMessageA(Tree(), TVM_GETITEMRECT, TRUE, buffer.Address());
+    const RECT rect = buffer.ReadValue<RECT>();
+    return support::ScreenPoint(Tree(), (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
 }
 
 std::vector<std::string> WorkbenchProcess::Names() const { return Column(List(), 0, RowCount(List())); }

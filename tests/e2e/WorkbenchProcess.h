@@ -2,6 +2,7 @@
 #pragma once
 
 #include <windows.h>
+#include <commctrl.h>
 
 #include <optional>
 #include <string>
@@ -42,6 +43,8 @@ public:
     [[nodiscard]] HWND Field() const;
     [[nodiscard]] HWND Table() const;
     [[nodiscard]] HWND ClassBox() const;
+    [[nodiscard]] HWND Tree() const;
+    [[nodiscard]] HWND FindField() const;
     /// Names in the list of pictures, from its top.
     [[nodiscard]] std::vector<std::string> Names() const;
     /// Name that is chosen in the list; "" when none is.
@@ -55,6 +58,18 @@ public:
     [[nodiscard]] HWND Popup(const char* className, const char* title = nullptr) const;
     /// True while a menu or a drag of the system holds the program.
     [[nodiscard]] bool IsInModalLoop() const;
+
+    /// The rows of the tree in one line: labels, what stands unfolded under them in brackets; "+" behind what can be
+    /// unfolded.
+    [[nodiscard]] std::string TreeRows() const;
+    /// The first row in the order of the tree with a label; null without one.
+    [[nodiscard]] HTREEITEM TreeRow(const std::string& label) const;
+    /// True for a row that is marked as the one that a drop would go to.
+    [[nodiscard]] bool IsTreeTarget(HTREEITEM row) const;
+    /// Label of the chosen row; "" when none is.
+    [[nodiscard]] std::string TreeChosen() const;
+    /// Middle of a row's label on the screen.
+    [[nodiscard]] POINT TreePlace(const std::string& label) const;
 
     // Of a list, that of the pictures or the table. Rows and columns count from 0.
     [[nodiscard]] int RowCount(HWND list) const;
@@ -72,6 +87,12 @@ public:
     void ClickLine(int index) const { ClickCell(List(), index, 0); }
 
 private:
+    [[nodiscard]] HTREEITEM TreeNext(HTREEITEM row, WPARAM relation) const;
+    [[nodiscard]] std::string TreeLabel(HTREEITEM row) const;
+    [[nodiscard]] bool HasTreeState(HTREEITEM row, UINT state) const;
+    [[nodiscard]] bool HasTreeButton(HTREEITEM row) const;
+    [[nodiscard]] std::string TreeRowsFrom(HTREEITEM row) const;
+
     PROCESS_INFORMATION m_process{};
     HWND m_window = nullptr;
 };

@@ -279,9 +279,13 @@ TEST_F(WorkbenchKeys, TabGoesRoundThePartsAndPassesOverTheClassesOfNoTable)
     PressKey(VK_TAB);
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
     PressKey(VK_TAB);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().FindField(); }));
+    PressKey(VK_TAB);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Tree(); }));
+    PressKey(VK_TAB);
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().List(); }));
     PressKey(VK_TAB, {VK_SHIFT});
-    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Tree(); }));
 }
 
 TEST_F(WorkbenchKeys, LettersOfTheLabelsLeadToTheirParts)
@@ -291,6 +295,8 @@ TEST_F(WorkbenchKeys, LettersOfTheLabelsLeadToTheirParts)
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Field(); }));
     PressKey('T', {VK_MENU});
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Table(); }));
+    PressKey('J', {VK_MENU});
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Tree(); }));
     PressKey('C', {VK_MENU});
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().List(); }));
 }

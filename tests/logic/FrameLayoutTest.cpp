@@ -18,8 +18,8 @@ int Height(const RECT& rect) { return rect.bottom - rect.top; }
 
 std::vector<RECT> PartsOf(const FrameLayout& layout)
 {
-    return {layout.listLabel, layout.list,      layout.view, layout.pixelLabel,
-            layout.pixelSize, layout.pixelUnit, layout.table};
+    return {layout.project,    layout.listLabel, layout.list,      layout.view,
+            layout.pixelLabel, layout.pixelSize, layout.pixelUnit, layout.table};
 }
 
 bool Overlap(const RECT& a, const RECT& b)
@@ -62,7 +62,9 @@ TEST(DesignFrame, AlignsItsParts)
 {
     const FrameLayout layout = DesignFrame(kUnits);
     EXPECT_EQ(layout.listLabel.left, layout.list.left);
-    EXPECT_EQ(layout.listLabel.top, layout.view.top);
+    EXPECT_EQ(layout.project.top, layout.view.top);
+    EXPECT_EQ(layout.project.left, layout.list.left);
+    EXPECT_EQ(layout.project.right, layout.list.right);
     EXPECT_EQ(layout.list.bottom, layout.pixelSize.bottom);
     EXPECT_EQ(layout.pixelLabel.left, layout.view.left);
     EXPECT_EQ(layout.pixelLabel.top, layout.pixelUnit.top);

@@ -259,6 +259,22 @@ TEST_F(ProjectTest, LabelsAreNeverBlank)
     EXPECT_EQ(m_project.Find(m_a)->label, everyByte);
 }
 
+TEST_F(ProjectTest, ItemsFollowAFileThatGetsAnotherName)
+{
+    m_project.Fill(m_a, {{bdiRaster, "r/a?page=0", "Page 0"}});
+    const ProjectId copy = m_project.Copy(m_a, {m_sub, 0});
+    m_project.Rename(copy, "mine");
+    EXPECT_THAT(m_project.FileRenamed("R/A", "r/z"),
+                testing::UnorderedElementsAre(m_a, Child(m_a, 0), copy, Child(copy, 0)));
+    EXPECT_EQ(m_project.Find(m_a)->moniker, "r/z");
+    EXPECT_EQ(m_project.Find(m_a)->label, "z");
+    EXPECT_EQ(m_project.Find(Child(m_a, 0))->moniker, "r/z?page=0");
+    EXPECT_EQ(m_project.Find(Child(m_a, 0))->label, "Page 0");
+    EXPECT_EQ(m_project.Find(copy)->label, "mine") << "a label of the user's own stays";
+    EXPECT_THAT(m_project.FileRenamed("r/none", "r/y"), ElementsAre());
+    EXPECT_THAT(m_project.FileRenamed("", "r/y"), ElementsAre());
+}
+
 TEST_F(ProjectTest, WhatStandsInAHiddenItemIsHiddenToo)
 {
     FillSub();
