@@ -6,8 +6,6 @@
 #include "workbench/MainFrame.h"
 #include "workbench/resource.h"
 
-#include <commctrl.h>
-
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -108,6 +106,7 @@ void Tour::Run()
             VisitDelete();
             VisitAbout();
             VisitNames();
+            VisitProject();
             VisitBadFiles();
         }
         WritePage();
@@ -254,6 +253,12 @@ std::string Tour::TextOf(HWND window) const
 }
 
 std::string Tour::ViewText() const { return TextOf(Part(IDC_PICTURE_VIEW)); }
+
+std::filesystem::path Tour::ShownFolder() const
+{
+    const std::string text = ViewText(); // behind a comma follows what else is shown
+    return std::filesystem::path(text.substr(0, text.find(", "))).parent_path();
+}
 
 std::string Tour::StatusText(int part) const
 {

@@ -1,10 +1,13 @@
 // Tour.h - drives the workbench through all its states by real input, and takes their pictures
 #pragma once
 
+#include "automation/Input.h"
 #include "workbench/TourPage.h"
 
 #include <windows.h>
+#include <commctrl.h>
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <thread>
@@ -41,6 +44,10 @@ private:
     void VisitTable();
     void VisitClasses();
     void VisitNames();
+    void VisitProject();
+    void VisitProjectRows(const std::filesystem::path& folder);
+    void VisitProjectDrags();
+    void VisitProjectSearch(const std::filesystem::path& folder);
     void VisitSizes();
     void VisitPixelSize();
     void VisitMenus();
@@ -74,6 +81,8 @@ private:
     [[nodiscard]] std::string TextOf(HWND window) const;
     [[nodiscard]] std::string ViewText() const;
     [[nodiscard]] std::string StatusText(int part) const;
+    /// The folder of the picture that is shown.
+    [[nodiscard]] std::filesystem::path ShownFolder() const;
     /// Rows of the list of pictures, and the name in one of them.
     [[nodiscard]] int ListCount() const;
     [[nodiscard]] std::string ListText(int row) const;
@@ -85,6 +94,16 @@ private:
     [[nodiscard]] static POINT CellPoint(HWND list, int row, int column);
     /// A place on a column's caption. @param nth  two clicks on the same place would be a double click
     [[nodiscard]] static POINT CaptionPoint(HWND list, int column, int nth);
+    // Of the project's tree; only rows that aren't folded away are found.
+    [[nodiscard]] HWND Tree() const;
+    [[nodiscard]] HTREEITEM TreeNext(HTREEITEM row, WPARAM relation) const;
+    [[nodiscard]] std::string TreeText(HTREEITEM row) const;
+    [[nodiscard]] HTREEITEM TreeRow(const std::string& label) const;
+    [[nodiscard]] POINT TreePoint(const std::string& label) const;
+    /// Waits until the row of that label is the chosen one.
+    bool AwaitChosen(const std::string& label, const std::string& what);
+    /// Pulls a row onto another until that is marked as the target; the button stays down.
+    void PullRow(const std::string& label, const std::string& onto, automation::Button button);
     /// Opens a file by its name in the system's dialog that is on the screen.
     void OpenInDialog(const char* title, const std::string& path, const char* pictureName, const char* caption);
     [[nodiscard]] HWND Focus() const;

@@ -27,7 +27,7 @@ constexpr int kObjects = 2350;
 
 void Tour::VisitTable()
 {
-    const auto samples = std::filesystem::path(ViewText()).parent_path();
+    const auto samples = ShownFolder();
     // The list is another window after each opening and each choice of a class.
     const auto list = [this] { return ::GetDlgItem(Part(IDC_TABLE_PANE), IDC_TABLE_LIST); };
     const auto number = [&](int row, int column) { return tavkit::ToDouble(CellText(list(), row, column).c_str()); };
@@ -122,7 +122,7 @@ void Tour::VisitClasses()
 void Tour::VisitNames()
 {
     std::error_code error;
-    const auto samples = std::filesystem::path(ViewText().substr(0, ViewText().find(", "))).parent_path();
+    const auto samples = ShownFolder();
     const auto folder =
         std::filesystem::temp_directory_path(error) / ("workbench-names-" + std::to_string(::GetCurrentProcessId()));
     std::filesystem::create_directories(folder, error);

@@ -153,7 +153,8 @@ void Tour::VisitMenus()
         WORD key;
         const char* name;
     };
-    for (const auto& [key, name] : {Menu{'F', "File"}, Menu{'E', "Edit"}, Menu{'V', "View"}, Menu{'H', "Help"}})
+    for (const auto& [key, name] :
+         {Menu{'F', "File"}, Menu{'E', "Edit"}, Menu{'R', "Project"}, Menu{'V', "View"}, Menu{'H', "Help"}})
     {
         PressKey(key, {VK_MENU});
         Await(isOpen, std::string("the menu ") + name + " opens by its letter");

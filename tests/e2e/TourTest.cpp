@@ -9,7 +9,7 @@ namespace e2e
 namespace
 {
 constexpr DWORD kTourMs = 180'000;
-constexpr int kFewestPictures = 32; // six samples and further states
+constexpr int kFewestPictures = 60; // six samples and further states
 constexpr std::string_view kPngMark("\x89PNG\r\n\x1A\n", 8);
 
 using WorkbenchTour = WorkbenchTest;
