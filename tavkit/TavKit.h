@@ -30,6 +30,9 @@
 #include "tavkit/frame/services/Wksp.h"
 #include "tavkit/frame/services/XMLNode.h"
 
+#include "tavkit/charts/ChartMessages.h"
+#include "tavkit/charts/HstgCtrl.h"
+#include "tavkit/charts/PlotCtrl.h"
 #include "tavkit/docking/TavDockBar.h"
 #include "tavkit/docking/TavPropList.h"
 #include "tavkit/drawing/DlgMsgDetails.h"

@@ -1,5 +1,8 @@
 # Sources of the library that know no window and no platform; the native tests build them too.
 set(TAVKIT_LOGIC_SOURCES
+    charts/DiscStamp.cpp
+    charts/HstgGeometry.cpp
+    charts/PlotGeometry.cpp
     drawing/ContrastStretch.cpp
     drawing/ImageFit.cpp
     drawing/MsgBoxLayout.cpp
