@@ -41,6 +41,7 @@
 #include "tavkit/drawing/TavImageList.h"
 #include "tavkit/drawing/TextBlock.h"
 #include "tavkit/drawing/XMessageBox.h"
+#include "tavkit/filedlg/DfltFldrs.h"
 #include "tavkit/frame/FloatEdit.h"
 #include "tavkit/frame/Module.h"
 #include "tavkit/layout/DynamicChildDlg.h"

@@ -8,6 +8,7 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/MsgBoxLayout.cpp
     drawing/NearestScale.cpp
     drawing/TextBlockMarks.cpp
+    filedlg/FolderList.cpp
     layout/WindowRecord.cpp
     lists/AttrCache.cpp
     lists/AttrSort.cpp

@@ -3,6 +3,7 @@
 // one. They are built under the loader's lock: only the window system and the framework may be called here.
 #include "tavkit/docking/TavDockBar.h"
 #include "tavkit/docking/TavPropList.h"
+#include "tavkit/filedlg/DfltFldrs.h"
 #include "tavkit/layout/DynamicWndEx.h"
 #include "tavkit/layout/SizeIconCtrl.h"
 #include "tavkit/widgets/HyperLink.h"
@@ -17,6 +18,9 @@ constinit char const* const cdxCDynamicWndEx::M_lpszAutoPosProfileSection = "Win
 
 cdxCSizeIconCtrl::AutoOEMImageList cdxCSizeIconCtrl::M_ilImage(OBM_SIZE, ::GetSysColor(COLOR_BTNFACE));
 HICON cdxCSizeIconCtrl::M_hcSize = ::LoadCursor(nullptr, IDC_SIZENWSE);
+
+DfltFldrs* DfltFldrs::m_pSingleInstance = nullptr;
+DfltFldrs::CAutoDel DfltFldrs::m_autoDelete;
 
 DList<CTavDockBar*> CTavDockBar::glAllDockBars;
 unsigned int const CTavDockBar::wm_TavDockBarRepaintChld = ::RegisterWindowMessage("WM_TAV_DOCKBAR_REPAINT_CHILD");

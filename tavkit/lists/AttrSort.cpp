@@ -1,5 +1,6 @@
 // AttrSort.cpp - order of the rows of an attribute list
 #include "tavkit/lists/AttrSort.h"
+#include "tavkit/frame/NoCase.h"
 
 #include "tavkit/lists/ScanDouble.h"
 
@@ -74,24 +75,6 @@ void SortKeys(std::vector<NumberKey>& keys)
             sorted[places[byteOf(key.bits, byte)]++] = key;
         }
         keys.swap(sorted);
-    }
-}
-
-/// The letters of seven bits without regard to case, all other bytes by their value: a run-time's own comparison goes
-/// by signed bytes on one platform and by a locale on another.
-int CompareNoCase(char const* left, char const* right) noexcept
-{
-    const auto fold = [](char c) {
-        const auto byte = static_cast<unsigned char>(c);
-        return byte >= 'A' && byte <= 'Z' ? byte + ('a' - 'A') : int{byte};
-    };
-    for (;; ++left, ++right)
-    {
-        const int order = fold(*left) - fold(*right);
-        if (order != 0 || *left == '\0')
-        {
-            return order;
-        }
     }
 }
 

@@ -1,0 +1,19 @@
+// FolderSetting.h - the last folder of each kind of data, in the application's profile
+#pragma once
+
+#include <afxwin.h>
+
+namespace tavkit
+{
+
+inline constexpr char kSettingsSection[] = "Settings"; ///< of the profile
+
+/// The folder stored under @p key in the profile's section "Settings"; @p dflt if there is none. Without an application
+/// there is no profile.
+[[nodiscard]] CString ReadFldrSttng(char const* key, char const* dflt);
+
+/// Stores @p folder under @p key, but for a null or empty key or folder and for ".": a dot is what the dialogs read
+/// with and stands for nothing stored.
+void WriteFldrSttng(char const* key, char const* folder);
+
+} // namespace tavkit
