@@ -130,11 +130,14 @@ BOOL CWnd::SubclassWindow(HWND hWnd)
         return FALSE;
     }
     PreSubclassWindow();
+    const auto direct = reinterpret_cast<WNDPROC>(::IsWindowUnicode(hWnd) ? ::GetWindowLongPtrW(hWnd, GWLP_WNDPROC)
+                                                                          : ::GetWindowLongPtrA(hWnd, GWLP_WNDPROC));
     const auto before =
         reinterpret_cast<WNDPROC>(::SetWindowLongPtrA(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&AfxWndProc)));
     if (before != &AfxWndProc)
     {
         *GetSuperWndProcAddr() = before;
+        m_pfnDirect = direct;
     }
     return TRUE;
 }
@@ -151,6 +154,7 @@ HWND CWnd::UnsubclassWindow()
     {
         ::SetWindowLongPtrA(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(*super));
         *super = nullptr;
+        m_pfnDirect = nullptr;
     }
     return Detach();
 }

@@ -102,6 +102,12 @@ LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam)
     {
         return ::DefWindowProcA(m_hWnd, message, wParam, lParam);
     }
+    // A control of the system has a procedure for the other kind of texts, between which and ours CallWindowProc
+    // translates. It leaves a control's own messages as they are, and costs as much as sending them.
+    if (message >= WM_USER && super == m_pfnSuper && m_pfnDirect != nullptr)
+    {
+        return m_pfnDirect(m_hWnd, message, wParam, lParam);
+    }
     return ::CallWindowProcA(super, m_hWnd, message, wParam, lParam);
 }
 

@@ -191,6 +191,7 @@ void CWnd::OnNcDestroy()
         ::SetWindowLongPtrA(m_hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(super));
     }
     m_pfnSuper = nullptr;
+    m_pfnDirect = nullptr;
     Detach();
     PostNcDestroy(); // may delete this
 }

@@ -339,6 +339,8 @@ protected:
     void OnSysCommand(UINT nID, LPARAM lParam);
 
     WNDPROC m_pfnSuper = nullptr; ///< window procedure that was there before ours, or null
+    /// The same without the system's conversion of texts, for messages that the system doesn't know; or null.
+    WNDPROC m_pfnDirect = nullptr;
     int m_nModalResult = -1;
     bool m_bInModalLoop = false;   ///< RunModalLoop is running
     bool m_bContinueModal = false; ///< the modal loop goes on, or is about to begin
