@@ -1,40 +1,15 @@
 #include "workbench/PictureNames.h"
 
+#include "host/repository/NodeNames.h"
+#include "host/tables/TableFormat.h"
+
 #include <algorithm>
-#include <array>
-#include <ranges>
 #include <span>
 
 namespace workbench
 {
 namespace
 {
-constexpr std::array<std::string_view, 7> kPictures{"tif", "tiff", "png", "jpg", "jpeg", "bmp", "gif"};
-constexpr std::array<std::string_view, 6> kTables{"csv", "tcsv", "txt", "tsv", "tab", "dbf"};
-
-/// ASCII only, so that the order of a list doesn't depend on the user's language.
-char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
-bool LessWithoutCase(std::string_view a, std::string_view b)
-{
-    return std::ranges::lexicographical_compare(
-        a, b, {}, [](char c) { return static_cast<unsigned char>(LowerCase(c)); },
-        [](char c) { return static_cast<unsigned char>(LowerCase(c)); });
-}
-
-bool SameWithoutCase(std::string_view a, std::string_view b)
-{
-    return std::ranges::equal(a, b, {}, LowerCase, LowerCase);
-}
-/// False for a name that is nothing but an extension: a hidden file.
-bool HasExtension(std::string_view name, std::span<const std::string_view> extensions)
-{
-    const size_t dot = name.rfind('.');
-    return dot != std::string_view::npos && dot != 0 && std::ranges::any_of(extensions, [&](std::string_view known) {
-               return SameWithoutCase(known, name.substr(dot + 1));
-           });
-}
-
 std::string_view WithoutExtension(std::string_view name) { return name.substr(0, name.rfind('.')); }
 
 std::string Patterns(std::span<const std::string_view> extensions)
@@ -65,20 +40,16 @@ std::string Filter(std::string_view kind, std::span<const std::string_view> exte
 }
 } // namespace
 
-bool IsPictureName(std::string_view name) { return HasExtension(name, kPictures); }
+bool IsPictureName(std::string_view name) { return repository::KindOfFile(name) == bdiRaster; }
 
-bool IsTableName(std::string_view name) { return HasExtension(name, kTables); }
+bool IsTableName(std::string_view name) { return repository::KindOfFile(name) == bdiTable; }
 
-void SortNames(std::vector<std::string>& names)
-{
-    std::ranges::sort(names, [](const std::string& a, const std::string& b) {
-        return SameWithoutCase(a, b) ? a < b : LessWithoutCase(a, b);
-    });
-}
+void SortNames(std::vector<std::string>& names) { std::ranges::sort(names, repository::NameComesBefore); }
 
 int IndexOfName(const std::vector<std::string>& names, std::string_view name)
 {
-    const auto found = std::ranges::find_if(names, [&](const auto& other) { return SameWithoutCase(other, name); });
+    const auto found =
+        std::ranges::find_if(names, [&](const auto& other) { return repository::SameName(other, name); });
     return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
@@ -90,7 +61,7 @@ int PictureOfTable(const std::vector<std::string>& pictures, std::string_view ta
     for (size_t i = 0; i < pictures.size(); ++i)
     {
         const std::string_view stem = WithoutExtension(pictures[i]);
-        if (stem.size() > longest && SameWithoutCase(whole.substr(0, stem.size()), stem))
+        if (stem.size() > longest && repository::SameName(whole.substr(0, stem.size()), stem))
         {
             best = static_cast<int>(i);
             longest = stem.size();
@@ -109,10 +80,11 @@ std::string NameProblem(std::string_view name)
     {
         return "The name of a file can't hold any of \\/:*?\"<>|.";
     }
-    return IsPictureName(name) ? "" : "A picture's name ends with one of " + Patterns(kPictures) + ".";
+    return IsPictureName(name) ? ""
+                               : "A picture's name ends with one of " + Patterns(repository::PictureExtensions()) + ".";
 }
 
-std::string PictureFilter() { return Filter("Pictures", kPictures); }
+std::string PictureFilter() { return Filter("Pictures", repository::PictureExtensions()); }
 
-std::string TableFilter() { return Filter("Tables", kTables); }
+std::string TableFilter() { return Filter("Tables", table::TableExtensions()); }
 } // namespace workbench

@@ -16,6 +16,18 @@ namespace
 
 using Named = std::pair<std::string_view, TableFormat>;
 
+constexpr std::array<Named, 6> kExtensions{{{"csv", TableFormat::Csv},
+                                            {"tcsv", TableFormat::Transposed},
+                                            {"txt", TableFormat::Text},
+                                            {"tsv", TableFormat::Text},
+                                            {"tab", TableFormat::Text},
+                                            {"dbf", TableFormat::Dbase}}};
+constexpr auto kExtensionNames = [] {
+    std::array<std::string_view, kExtensions.size()> names;
+    std::ranges::transform(kExtensions, names.begin(), &Named::first);
+    return names;
+}();
+
 [[nodiscard]] bool EqualsIgnoringCase(std::string_view a, std::string_view b) noexcept
 {
     constexpr auto upper = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; };
@@ -63,16 +75,9 @@ std::optional<TableFormat> FormatOfId(std::string_view id)
     return Find(kIds, id);
 }
 
-std::optional<TableFormat> FormatOfExtension(std::string_view extension)
-{
-    static constexpr std::array<Named, 6> kExtensions{{{"csv", TableFormat::Csv},
-                                                       {"tcsv", TableFormat::Transposed},
-                                                       {"txt", TableFormat::Text},
-                                                       {"tsv", TableFormat::Text},
-                                                       {"tab", TableFormat::Text},
-                                                       {"dbf", TableFormat::Dbase}}};
-    return Find(kExtensions, extension);
-}
+std::optional<TableFormat> FormatOfExtension(std::string_view extension) { return Find(kExtensions, extension); }
+
+std::span<const std::string_view> TableExtensions() noexcept { return kExtensionNames; }
 
 std::optional<TableFormat> FormatOfContent(host::ByteSource& source)
 {

@@ -3,11 +3,13 @@
 
 #include <memory>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "host/tables/ForwardTable.h"
 #include "host/tables/ByteWindow.h"
 #include "tavkit/frame/services/DError.h"
+#include "tavkit/frame/services/HostApi.h"
 
 namespace table
 {
@@ -26,6 +28,9 @@ enum class TableFormat
 /// The format that files with an extension are in; nothing for one that tells nothing. Case doesn't matter.
 /// @param extension  without the dot.
 [[nodiscard]] std::optional<TableFormat> FormatOfExtension(std::string_view extension);
+
+/// Extensions of the files that tell their format by them, in lower case, without the dot.
+[[nodiscard]] TAVHOST_API std::span<const std::string_view> TableExtensions() noexcept;
 
 /// The format that the first bytes of a file look like; nothing if no table begins so.
 [[nodiscard]] std::optional<TableFormat> FormatOfContent(host::ByteSource& source);

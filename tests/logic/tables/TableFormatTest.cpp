@@ -45,6 +45,15 @@ TEST(TableFormat, ExtensionsTellTheFormatOrNothing)
     EXPECT_EQ(FormatOfExtension(""), std::nullopt);
 }
 
+TEST(TableExtensions, AllTellAFormat)
+{
+    ASSERT_FALSE(table::TableExtensions().empty());
+    for (const auto extension : table::TableExtensions())
+    {
+        EXPECT_NE(FormatOfExtension(extension), std::nullopt) << extension;
+    }
+}
+
 TEST(TableFormat, ContentTellsTheFormatWhereNothingElseDoes)
 {
     EXPECT_THAT(ContentOf("A,B\n1,2\n"), Optional(TableFormat::Csv));
