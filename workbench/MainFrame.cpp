@@ -83,7 +83,7 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_CONTROL(projectChosen, IDC_PROJECT_PANE, OnProjectChosen)
     ON_CONTROL(projectChanged, IDC_PROJECT_PANE, OnProjectChosen) // hidden, or under another label
     ON_CONTROL(projectFocus, IDC_PROJECT_PANE, OnProjectFocus)
-    ON_CONTROL(projectGone, IDC_PROJECT_PANE, OnProjectGone)
+    ON_CONTROL(projectUnread, IDC_PROJECT_PANE, OnProjectUnread)
     ON_CONTROL(projectSearched, IDC_PROJECT_PANE, OnProjectSearched)
     ON_CONTROL(projectFieldFocus, IDC_PROJECT_PANE, OnProjectFieldFocus)
     ON_CONTROL(projectMenu, IDC_PROJECT_PANE, OnProjectMenu)
@@ -335,6 +335,8 @@ void MainFrame::SetStatus(int part, const std::string& text)
 {
     m_status.SendMessage(SB_SETTEXTA, static_cast<WPARAM>(part), reinterpret_cast<LPARAM>(text.c_str()));
 }
+
+void MainFrame::ShowNotice(const std::string& text) { SetStatus(statusName, text); }
 
 int MainFrame::StatusHeight() const
 {

@@ -83,7 +83,7 @@ protected:
     afx_msg void OnUpdateProjectCommand(CCmdUI* command);
     afx_msg void OnProjectChosen();
     afx_msg void OnProjectFocus();
-    afx_msg void OnProjectGone();
+    afx_msg void OnProjectUnread();
     afx_msg void OnProjectSearched();
     afx_msg void OnProjectFieldFocus();
     afx_msg void OnProjectMenu();
@@ -119,6 +119,8 @@ private:
     [[nodiscard]] std::string CurrentPath() const;
     void UpdateStatus();
     void SetStatus(int part, const std::string& text);
+    /// Says something in the status bar until the next picture is shown.
+    void ShowNotice(const std::string& text);
     [[nodiscard]] int StatusHeight() const;
     [[nodiscard]] std::string PixelSizeText() const;
     bool TakeKey(const MSG& message);

@@ -122,12 +122,9 @@ void MainFrame::OnProjectFocus() { m_focus = &m_project.Tree(); }
 
 void MainFrame::OnProjectFieldFocus() { m_focus = &m_project.Field(); }
 
-void MainFrame::OnProjectGone()
-{
-    SetStatus(0, "The folder \"" + m_project.Tree().Gone() + "\" isn't there any more.");
-}
+void MainFrame::OnProjectUnread() { ShowNotice(m_project.Tree().ReadProblem()); }
 
-void MainFrame::OnProjectSearched() { SetStatus(0, m_project.SearchProblem()); }
+void MainFrame::OnProjectSearched() { ShowNotice(m_project.SearchProblem()); }
 
 void MainFrame::OnProjectMenu()
 {

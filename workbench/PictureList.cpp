@@ -1,5 +1,6 @@
 #include "workbench/PictureList.h"
 
+#include "host/FileBytes.h"
 #include "workbench/PictureNames.h"
 
 #include <windows.h>
@@ -20,16 +21,27 @@ struct CloseFind
     void operator()(HANDLE find) const { ::FindClose(find); }
 };
 
+/// Attributes of a path of any length.
+DWORD AttributesOf(const std::string& path) { return ::GetFileAttributesW(host::WidePath(path).c_str()); }
+
 bool IsFolder(const std::string& path)
 {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = AttributesOf(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
 }
 
 bool IsFile(const std::string& path)
 {
-    const DWORD attributes = ::GetFileAttributesA(path.c_str());
+    const DWORD attributes = AttributesOf(path);
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+/// A name in the ANSI code page.
+std::string Narrow(const wchar_t* name)
+{
+    char narrow[2 * MAX_PATH]; // no code page takes more for a name
+    const int length = ::WideCharToMultiByte(CP_ACP, 0, name, -1, narrow, sizeof narrow, nullptr, nullptr);
+    return length > 0 ? narrow : "";
 }
 
 /// A path that no longer depends on the current directory; as it was when the system refuses it.
@@ -109,7 +121,7 @@ std::string PictureList::Rename(size_t index, const std::string& name)
     {
         return problem;
     }
-    if (!::MoveFileA(PathOf(index).c_str(), Join(m_folder, name).c_str()))
+    if (!::MoveFileW(host::WidePath(PathOf(index)).c_str(), host::WidePath(Join(m_folder, name)).c_str()))
     {
         return ::GetLastError() == ERROR_ALREADY_EXISTS || ::GetLastError() == ERROR_FILE_EXISTS
                    ? "There is a file \"" + name + "\" already."
@@ -127,7 +139,7 @@ int PictureList::KiloBytesOf(size_t index) const
 {
     constexpr ULONGLONG kKiloByte = 1024;
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    ::GetFileAttributesExA(PathOf(index).c_str(), GetFileExInfoStandard, &data);
+    ::GetFileAttributesExW(host::WidePath(PathOf(index)).c_str(), GetFileExInfoStandard, &data);
     const ULONGLONG bytes = ULONGLONG{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
     return static_cast<int>(std::min<ULONGLONG>((bytes + kKiloByte - 1) / kKiloByte, INT_MAX));
 }
@@ -145,8 +157,8 @@ void PictureList::Scan()
         m_problem = "There is no folder or file \"" + m_folder + "\".";
         return;
     }
-    WIN32_FIND_DATAA data;
-    const HANDLE handle = ::FindFirstFileA(Join(m_folder, "*").c_str(), &data);
+    WIN32_FIND_DATAW data;
+    const HANDLE handle = ::FindFirstFileW(host::WidePath(Join(m_folder, "*")).c_str(), &data);
     if (handle == INVALID_HANDLE_VALUE)
     {
         // The root of an empty drive answers "not found", since it holds not even itself.
@@ -158,12 +170,12 @@ void PictureList::Scan()
     do
     {
         const bool isFile = (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
-        const std::string name = data.cFileName;
+        const std::string name = Narrow(data.cFileName);
         if (isFile && (IsPictureName(name) || (!m_asked.empty() && IndexOfName({m_asked}, name) == 0)))
         {
             m_names.push_back(name);
         }
-    } while (::FindNextFileA(find.get(), &data));
+    } while (::FindNextFileW(find.get(), &data));
     SortNames(m_names);
     if (m_names.empty())
     {

@@ -1,5 +1,6 @@
 #include "workbench/ProjectSource.h"
 
+#include "host/FileBytes.h"
 #include "host/PathText.h"
 #include "host/repository/NodeNames.h"
 #include "host/repository/StandardDrivers.h"
@@ -27,6 +28,14 @@ constexpr int kAllKinds = bdiContainer | bdiRaster | bdiVector | bdiTable | bdiO
     }
     driver.FindClose(find);
     return children;
+}
+
+/// False for a folder that the system keeps from us; one that is empty has entries all the same.
+[[nodiscard]] bool CanBeListed(const std::string& folder)
+{
+    WIN32_FIND_DATAW entry;
+    const HANDLE find = ::FindFirstFileW(host::WidePath(host::JoinPath(folder, "*")).c_str(), &entry);
+    return find != INVALID_HANDLE_VALUE && ::FindClose(find);
 }
 
 /// A file of pages, open as long as the object lives.
@@ -90,20 +99,24 @@ void ProjectSource::Close()
     }
 }
 
-std::optional<std::vector<repository::NodeRecord>> ProjectSource::Read(const ProjectItem& item) const
+ReadResult ProjectSource::Read(const ProjectItem& item) const
 {
     if (MayHavePages(item))
     {
-        return PageFile(item.moniker).Pages();
+        return {ReadEnd::read, PageFile(item.moniker).Pages()};
     }
     BDINode* const node = m_repository ? m_folders->OpenNode(m_repository, item.moniker.c_str()) : nullptr;
     if (!node)
     {
-        return std::nullopt;
+        return {ReadEnd::gone, {}};
     }
-    auto children = ChildrenOf(*m_folders, node);
+    ReadResult result{ReadEnd::read, ChildrenOf(*m_folders, node)};
+    if (result.children.empty() && (node->m_nKind & bdiContainer) != 0 && !CanBeListed(item.moniker))
+    {
+        result.end = ReadEnd::refused;
+    }
     m_folders->CloseNode(node);
-    return children;
+    return result;
 }
 
 bool ProjectSource::HasPages(const ProjectItem& item)

@@ -9,6 +9,21 @@
 
 namespace workbench
 {
+/// How the reading of an item ended.
+enum class ReadEnd
+{
+    read,
+    gone,   ///< the item isn't there any more
+    refused ///< the folder can't be read, at present at least
+};
+
+/// What lies in an item.
+struct ReadResult
+{
+    ReadEnd end = ReadEnd::read;
+    std::vector<repository::NodeRecord> children; ///< in the order in which they are shown
+};
+
 /// The repository of one folder, open until another takes its place. It is read through the drivers that the registry
 /// has under the names of the host's own.
 class ProjectSource
@@ -24,9 +39,8 @@ public:
     std::optional<repository::NodeRecord> Open(const std::string& path);
     void Close();
 
-    /// What lies in an item, in the order in which it is shown: files and folders, or the pages of a picture. Nothing
-    /// if the item isn't there any more.
-    [[nodiscard]] std::optional<std::vector<repository::NodeRecord>> Read(const ProjectItem& item) const;
+    /// What lies in an item: files and folders, or the pages of a picture.
+    [[nodiscard]] ReadResult Read(const ProjectItem& item) const;
     /// True for a picture file of several pages. It is opened for it.
     [[nodiscard]] static bool HasPages(const ProjectItem& item);
     /// True for an item that may turn out to have pages.

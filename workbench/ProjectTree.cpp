@@ -150,24 +150,30 @@ ProjectId ProjectTree::IdOf(HTREEITEM item) const { return static_cast<ProjectId
 
 HTREEITEM ProjectTree::RowOf(ProjectId id) { return id != 0 ? FindItem(DWORD_PTR{id}) : nullptr; }
 
-/// Gets to know what an item holds.
-void ProjectTree::Read(ProjectId id)
+/// Gets to know what an item holds; nothing if it isn't there any more. @return false if it can't be read at present
+bool ProjectTree::Read(ProjectId id)
 {
     const ProjectItem* const item = m_project.Find(id);
     if (!item || item->filled)
     {
-        return;
+        return true;
     }
-    const auto children = m_source.Read(*item);
-    m_project.Fill(id, children ? *children : std::vector<repository::NodeRecord>());
-    if (!children)
+    const ReadResult result = m_source.Read(*item);
+    const std::string quoted = "\"" + item->label + "\"";
+    if (result.end != ReadEnd::refused)
     {
-        m_gone = item->label;
-        Tell(projectGone);
+        m_project.Fill(id, result.children);
     }
+    if (result.end != ReadEnd::read)
+    {
+        m_readProblem = result.end == ReadEnd::gone ? "The folder " + quoted + " isn't there any more."
+                                                    : "The folder " + quoted + " can't be read.";
+        Tell(projectUnread);
+    }
+    return result.end != ReadEnd::refused;
 }
 
-/// Gives the children of an item their rows.
+/// Gives the children of an item their rows. One that can't be read at present is asked again the next time.
 void ProjectTree::Open(ProjectId id)
 {
     if (m_opened.contains(id))
@@ -175,10 +181,10 @@ void ProjectTree::Open(ProjectId id)
         return;
     }
     const CWaitCursor wait;
-    Read(id);
+    const bool isRead = Read(id);
     const ProjectItem* const item = m_project.Find(id);
     const HTREEITEM row = RowOf(id);
-    if (!item || !row)
+    if (!isRead || !item || !row)
     {
         return;
     }
@@ -412,8 +418,12 @@ void ProjectTree::MakeGroup()
 {
     const ProjectItem& chosen = *Chosen();
     const ProjectId chosenId = chosen.id;
-    Open(chosen.IsContainer() ? chosenId
-                              : chosen.parent); // or the group would stand before what a folder is filled with
+    const ProjectId parent = chosen.IsContainer() ? chosenId : chosen.parent;
+    Open(parent); // or the group would stand before what a folder is filled with
+    if (!m_opened.contains(parent))
+    {
+        return; // it can't be read
+    }
     const ProjectPlace place =
         chosen.IsContainer() ? ProjectPlace{chosenId, 0} : ProjectPlace{chosen.parent, chosen.index};
     const ProjectId group = m_project.MakeGroup(place);
@@ -485,7 +495,7 @@ SearchEnd ProjectTree::FindNext(const std::string& text)
     const ProjectItem* const chosen = Chosen();
     const ProjectId after = m_searched != 0 ? m_searched : chosen ? chosen->id : 0;
     const SearchResult result = m_project.FindNext(
-        text, after, [this](ProjectId id) { Read(id); }, kMostFills);
+        text, after, [this](ProjectId id) { (void)Read(id); }, kMostFills);
     m_searched = result.end == SearchEnd::interrupted ? result.item : 0;
     if (result.end == SearchEnd::found)
     {
@@ -530,6 +540,10 @@ void ProjectTree::OnDragEnd(HTREEITEM dragItem, HTREEITEM target)
     if (const ProjectItem* const item = m_project.Find(onto); item && item->IsContainer())
     {
         Open(onto); // the place is behind what it holds
+        if (!m_opened.contains(onto))
+        {
+            return; // it can't be read
+        }
     }
     const ProjectPlace place = m_project.PlaceFor(dragged, onto);
     if (place == ProjectPlace())

@@ -18,7 +18,7 @@ enum ProjectNotice
     projectChosen = 1,  ///< another item is chosen, or none any more
     projectChanged = 2, ///< the chosen item has another label, or is hidden or shown
     projectFocus = 3,   ///< the tree has got the focus
-    projectGone = 4     ///< a folder that was to be filled isn't there any more: Gone() is its label
+    projectUnread = 4   ///< a folder couldn't be read: ReadProblem() says why
 };
 
 /// What can be done with the chosen item.
@@ -55,8 +55,8 @@ public:
     bool ChooseMoniker(const std::string& moniker);
     /// A file on disk has another path now: the items that stand for it follow, and so do labels that are its name.
     void FileRenamed(const std::string& from, const std::string& to);
-    /// Label of the folder of the last projectGone.
-    [[nodiscard]] const std::string& Gone() const { return m_gone; }
+    /// Why a folder couldn't be read, as a sentence; empty if none was refused so far.
+    [[nodiscard]] const std::string& ReadProblem() const { return m_readProblem; }
 
     /// True if a command can be carried out now.
     [[nodiscard]] bool Can(ProjectCommand command) const;
@@ -99,7 +99,7 @@ private:
     [[nodiscard]] size_t ImageIndex(const ProjectItem& item) const;
     [[nodiscard]] ProjectId IdOf(HTREEITEM item) const;
     [[nodiscard]] HTREEITEM RowOf(ProjectId id);
-    void Read(ProjectId id);
+    bool Read(ProjectId id);
     void Open(ProjectId id);
     HTREEITEM Reveal(ProjectId id);
     HTREEITEM InsertRow(const ProjectItem& item, HTREEITEM parent, HTREEITEM after);
@@ -127,6 +127,6 @@ private:
     ProjectId m_told = 0;     ///< item that the parent knows as the chosen one
     ProjectId m_searched = 0; ///< where an interrupted search came to
     int m_quiet = 0;          ///< changes of the selection aren't told while this isn't 0
-    std::string m_gone;
+    std::string m_readProblem;
 };
 } // namespace workbench

@@ -1,6 +1,8 @@
 // ProjectTest.cpp - the workbench's project, driven by mouse and keyboard
 #include "WorkbenchFixture.h"
 
+#include "host/FileBytes.h"
+#include "support/FolderLink.h"
 #include "support/TiffWriter.h"
 #include "workbench/resource.h"
 
@@ -16,6 +18,9 @@ using support::PressKey;
 using support::PumpUntil;
 using support::TypeText;
 using testing::ElementsAre;
+
+/// As many characters of a label the control hands over at least.
+constexpr std::size_t kLongestEdited = 259;
 
 /// A folder with the pictures a.bmp and b.bmp, a stack of two pages, a table and the folder "more" with c.bmp.
 class WorkbenchProject : public WorkbenchTest
@@ -81,7 +86,7 @@ protected:
         PressKey(answer);
         ASSERT_TRUE(PumpUntil([&] { return Workbench().Popup(kMenuClass) == nullptr; }));
     }
-    [[nodiscard]] std::string Path(const char* name) const { return (Folder() / name).string(); }
+    [[nodiscard]] std::string Path(const std::string& name) const { return Folder().string() + "\\" + name; }
 
     std::string m_name;
 };
@@ -285,6 +290,95 @@ TEST_F(WorkbenchProject, APictureThatVanishesLeavesTheOthersListed)
     EXPECT_EQ(Workbench().Chosen(), "");
     Choose("a.bmp");
     EXPECT_TRUE(Shows(Path("a.bmp")));
+}
+
+TEST_F(WorkbenchProject, AFolderThatCannotBeReadIsToldAndReadLater)
+{
+    {
+        // Another program keeps the folder to itself.
+        const host::FileHandle exclusive(::CreateFileA(Path("more").c_str(), FILE_LIST_DIRECTORY, 0, nullptr,
+                                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        ASSERT_TRUE(exclusive.IsValid());
+        Choose("more");
+        EXPECT_TRUE(Shows("The folder \"" + Path("more") + "\" can't be read."));
+        PressKey(VK_RIGHT);
+        EXPECT_TRUE(PumpUntil([&] { return Workbench().Status(statusName) == "The folder \"more\" can't be read."; }));
+        EXPECT_TRUE(HasRows("(more+ a.bmp b.bmp stack.tif+ t.csv)"));
+    }
+    PressKey(VK_RIGHT);
+    EXPECT_TRUE(HasRows("(more(c.bmp) a.bmp b.bmp stack.tif+ t.csv)"));
+}
+
+TEST_F(WorkbenchProject, AFolderThatContainsItselfByALinkIsNotUnfoldedForEver)
+{
+    const support::FolderLink link(Path("more\\back"), Folder().string());
+    Choose("more");
+    PressKey(VK_RIGHT);
+    ASSERT_TRUE(HasRows("(more(back c.bmp) a.bmp b.bmp stack.tif+ t.csv)"));
+    Choose("back");
+    EXPECT_TRUE(Shows("\"back\" is a link that leads to no other folder."));
+    PressKey(VK_RIGHT);
+    PressKey('F', {VK_CONTROL});
+    TypeText("nowhere");
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Status(statusName) == "There is no \"nowhere\" in the project."; }));
+    EXPECT_TRUE(HasRows("(more(back c.bmp) a.bmp b.bmp stack.tif+ t.csv)"));
+}
+
+TEST_F(WorkbenchProject, PicturesAreShownWhateverTheLengthOfTheirPathAndTheBytesOfTheirName)
+{
+    // A few characters to a name, since some file systems take several bytes for each.
+    constexpr std::size_t kMostBytes = 48;
+    constexpr std::string_view kNotInNames = "\\/:*?\"<>|\x7F\x81\x8D\x8F\x90\x9D";
+    std::vector<std::string> names;
+    for (int c = ' '; c < 256; ++c)
+    {
+        if (kNotInNames.find(static_cast<char>(c)) == std::string_view::npos)
+        {
+            if (names.empty() || names.back().size() == kMostBytes)
+            {
+                names.push_back("name ");
+            }
+            names.back() += static_cast<char>(c);
+        }
+    }
+    const std::string folder = "l" + std::string(199, 'o');
+    const std::string name = std::string(200, 'n') + ".bmp";
+    const std::wstring from = host::WidePath(Path("b.bmp"));
+    ASSERT_TRUE(::CreateDirectoryW(host::WidePath(Path(folder)).c_str(), nullptr));
+    ASSERT_TRUE(::CopyFileW(from.c_str(), host::WidePath(Path(folder + "\\" + name)).c_str(), TRUE));
+    for (std::string& each : names)
+    {
+        each += ".bmp";
+        ASSERT_TRUE(::CopyFileW(from.c_str(), host::WidePath(Path(each)).c_str(), TRUE)) << each;
+    }
+    PressKey(VK_F5);
+    ASSERT_TRUE(PumpUntil([&] { return Workbench().TreeRow(names.back()) != nullptr; }));
+    Choose("b.bmp");
+    for (const std::string& each : names) // the tree scrolls sideways to long labels, away from the mouse
+    {
+        PressKey(VK_DOWN);
+        EXPECT_TRUE(IsChosen(each));
+        EXPECT_TRUE(Shows(Path(each)));
+        EXPECT_EQ(Workbench().Chosen(), each);
+    }
+    PressKey(VK_HOME);
+    PressKey(VK_DOWN);
+    EXPECT_TRUE(IsChosen(folder));
+    PressKey(VK_RIGHT);
+    ASSERT_TRUE(PumpUntil([&] { return Workbench().TreeRow(name) != nullptr; }));
+    PressKey(VK_RIGHT);
+    EXPECT_TRUE(IsChosen(name));
+    EXPECT_TRUE(Shows(Path(folder + "\\" + name)));
+    EXPECT_EQ(Workbench().Chosen(), name);
+    PressKey(VK_F2);
+    ASSERT_TRUE(PumpUntil([&] { return ::SendMessageA(Workbench().Tree(), TVM_GETEDITCONTROL, 0, 0) != 0; }));
+    const std::string label(300, 'x');
+    TypeText(label);
+    PressKey(VK_RETURN);
+    EXPECT_TRUE(PumpUntil([&] { return label.starts_with(Workbench().TreeChosen()); }));
+    EXPECT_GE(Workbench().TreeChosen().size(), kLongestEdited);
+    EXPECT_EQ(CloseByKeys(), 0u);
 }
 
 TEST_F(WorkbenchProject, TheOpenedFolderMayVanish)

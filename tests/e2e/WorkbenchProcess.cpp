@@ -258,7 +258,9 @@ POINT WorkbenchProcess::TreePlace(const std::string& label) const
     buffer.Write(row); // where the rectangle goes stands which row is meant
     ::SendMessageA(Tree(), TVM_GETITEMRECT, TRUE, buffer.Address());
     const RECT rect = buffer.ReadValue<RECT>();
-    return support::ScreenPoint(Tree(), (rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    constexpr LONG kInText = 60; // a long label reaches out of the tree
+    const LONG x = std::min((rect.left + rect.right) / 2, rect.left + kInText);
+    return support::ScreenPoint(Tree(), x, (rect.top + rect.bottom) / 2);
 }
 
 std::vector<std::string> WorkbenchProcess::Names() const { return Column(List(), 0, RowCount(List())); }

@@ -68,7 +68,7 @@ public:
     [[nodiscard]] bool IsTreeTarget(HTREEITEM row) const;
     /// Label of the chosen row; "" when none is.
     [[nodiscard]] std::string TreeChosen() const;
-    /// Middle of a row's label on the screen.
+    /// Middle of a row's label on the screen, or a place near the begin of a long one.
     [[nodiscard]] POINT TreePlace(const std::string& label) const;
 
     // Of a list, that of the pictures or the table. Rows and columns count from 0.

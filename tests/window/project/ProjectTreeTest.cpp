@@ -1,6 +1,7 @@
 // ProjectTreeTest.cpp - the project tree over real folders, with a real mouse and keyboard
 #include "ProjectFixture.h"
 
+#include "host/FileBytes.h"
 #include "support/FolderLink.h"
 #include "tavkit/frame/services/BDIDrvrMngr.h"
 
@@ -458,10 +459,31 @@ TEST_F(ProjectHostile, AFolderThatVanishesHoldsNothingAndTheParentIsTold)
     Remove(FilePath("sub"));
     Unfold("sub");
     EXPECT_EQ(Rows(), "project(sub a.tif b.png stack.tif+ t.csv)");
-    EXPECT_EQ(Told(projectGone), 1);
-    EXPECT_EQ(m_tree->Gone(), "sub");
+    EXPECT_EQ(Told(projectUnread), 1);
+    EXPECT_EQ(m_tree->ReadProblem(), "The folder \"sub\" isn't there any more.");
     Drag("a.tif", PlaceOf("sub"));
     EXPECT_EQ(Rows(), "project(sub(a.tif) b.png stack.tif+ t.csv)");
+}
+
+TEST_F(ProjectHostile, AFolderThatCannotBeReadIsToldTakesNothingInAndIsReadLater)
+{
+    Open();
+    {
+        // Another program keeps the folder to itself.
+        const host::FileHandle exclusive(::CreateFileA(FilePath("sub").c_str(), FILE_LIST_DIRECTORY, 0, nullptr,
+                                                       OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        ASSERT_TRUE(exclusive.IsValid());
+        Unfold("sub");
+        EXPECT_EQ(Told(projectUnread), 1);
+        EXPECT_EQ(m_tree->ReadProblem(), "The folder \"sub\" can't be read.");
+        m_tree->Do(ProjectCommand::newGroup);
+        Drag("a.tif", PlaceOf("sub"));
+        EXPECT_EQ(m_tree->FindNext("none"), SearchEnd::missing);
+        EXPECT_EQ(Rows(), "project(sub+ a.tif b.png stack.tif+ t.csv)");
+    }
+    Unfold("sub");
+    EXPECT_EQ(Rows(), "project(sub(x.tif y.tif) a.tif b.png stack.tif+ t.csv)");
+    EXPECT_EQ(m_drivers->Folders().Live(), (repository::LiveCounts{1, 0, 0}));
 }
 
 TEST_F(ProjectHostile, TheOpenedFolderMayVanishAsAWhole)
