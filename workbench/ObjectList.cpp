@@ -1,6 +1,8 @@
 #include "workbench/ObjectList.h"
 
 #include <algorithm>
+#include <cstring>
+#include <string_view>
 
 namespace workbench
 {
@@ -12,7 +14,11 @@ constexpr int kFirstRows = 1000;
 constexpr int kCellMargin = 8;
 constexpr int kCaptionMargin = 24;
 constexpr int kRowMargin = 4;
-constexpr int kGuess = 2; ///< the table is taken for so many times as long as what was read of it
+// What columns are fitted to: no more cells and characters than are measured in a moment.
+constexpr int kMeasuredCells = 20'000;
+constexpr std::size_t kMeasuredChars = 255;
+constexpr int kWidestFit = 400; // pixels
+constexpr int kGuess = 2;       ///< the table is taken for so many times as long as what was read of it
 } // namespace
 
 ObjectList::ObjectList(std::unique_ptr<IAttrData> reader, const ObjectColumns& columns,
@@ -55,19 +61,25 @@ void ObjectList::FitColumns()
     // The control's own way asks for every row that there may be, and so would read the whole table.
     for (int col = 0; col < GetNumCol(); ++col)
     {
-        DString longest;
-        for (int row = 0; row < GetCacheRows(); ++row)
-        {
-            if (DString text = OnGetItemText(row, col); text.GetLength() > longest.GetLength())
-            {
-                longest = text;
-            }
-        }
-        m_lastWidth = std::max(GetStringWidth(GetColCaption(col)) + kCaptionMargin,
-                               GetStringWidth(longest.c_str()) + kCellMargin);
+        const int caption = GetStringWidth(GetColCaption(col)) + kCaptionMargin;
+        const int cells = GetStringWidth(LongestText(col).c_str()) + kCellMargin;
+        m_lastWidth = std::min(std::max(caption, cells), kWidestFit);
         SetColWidth(col, m_lastWidth);
     }
     FillWidth();
+}
+
+std::string ObjectList::LongestText(int col)
+{
+    const int rows = std::min(GetCacheRows(), std::max(1, kMeasuredCells / GetNumCol()));
+    std::string_view longest;
+    for (int row = 0; row < rows && col > 0; ++row)
+    {
+        const char* const text = GetCacheItem(row, col - 1);
+        const std::size_t length = text == nullptr ? 0 : ::strnlen(text, kMeasuredChars);
+        longest = length > longest.size() ? std::string_view(text, length) : longest;
+    }
+    return col > 0 ? std::string(longest) : std::to_string(std::max(0, GetCacheRows() - 1));
 }
 
 void ObjectList::TakeWidths(const ObjectList& other)

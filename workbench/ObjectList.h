@@ -26,7 +26,7 @@ public:
     BOOL Create(const RECT& rect, CWnd* parent, UINT id, CFont* font);
     /// Makes the columns and reads the first rows; the others follow as they are looked at.
     void ShowTable();
-    /// Makes every column as wide as its caption and the longest text in the rows read so far.
+    /// Makes every column as wide as its caption and the longest text in the first rows, within reason.
     void FitColumns();
     /// Makes the columns as wide as those of another list.
     void TakeWidths(const ObjectList& other);
@@ -38,6 +38,9 @@ public:
     bool OnFilterRow(int tableRow) override;
 
 private:
+    /// The longest text of a column in the first rows, as far as it is of use.
+    [[nodiscard]] std::string LongestText(int col);
+
     IAttrData* m_pTable; ///< the list's reader, which filters no rows once it is gone
     ObjectColumns m_columns;
     std::optional<std::string> m_category;

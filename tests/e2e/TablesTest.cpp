@@ -266,6 +266,26 @@ TEST_F(WorkbenchTable, ThatCantBeOpenedIsNamedAndTheOneBeforeStays)
     EXPECT_EQ(RowCount(), 4);
 }
 
+TEST_F(WorkbenchTable, OfHugeCellsAndManyColumnsIsShown)
+{
+    WriteTwoColours("two.bmp", 200, 100);
+    constexpr int kColumns = 2000;
+    std::string names = "c0";
+    std::string cells = "0";
+    for (int col = 1; col < kColumns; ++col)
+    {
+        names += ",c" + std::to_string(col);
+        cells += "," + std::to_string(col);
+    }
+    Start(WriteFile("two_wide.csv", names + "\n" + cells + "\n" + cells + "\n"));
+    ASSERT_TRUE(PumpUntil([&] { return RowCount() == 2; }));
+    EXPECT_EQ(Workbench().Cell(Workbench().Table(), 1, kColumns), "1999");
+    OpenTable(WriteFile("two_huge.csv", "A,B\n1,\"" + std::string(20'000'000, 'x') + "\"\n2,y\n"));
+    ASSERT_TRUE(PumpUntil([&] { return TableName() == "two_huge.csv"; }));
+    EXPECT_EQ(Workbench().Cell(Workbench().Table(), 1, 2), "y");
+    EXPECT_THAT(Workbench().Cell(Workbench().Table(), 0, 2), StartsWith("xxxx"));
+}
+
 TEST_F(WorkbenchTable, WithoutPlacesAndClassesIsShownAllTheSame)
 {
     WriteTwoColours("two.bmp", 200, 100);
