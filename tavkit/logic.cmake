@@ -3,6 +3,7 @@ set(TAVKIT_LOGIC_SOURCES
     charts/DiscStamp.cpp
     charts/HstgGeometry.cpp
     charts/PlotGeometry.cpp
+    charts/PlotZoom.cpp
     drawing/ContrastStretch.cpp
     drawing/ImageFit.cpp
     drawing/MsgBoxLayout.cpp

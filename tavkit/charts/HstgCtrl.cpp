@@ -1,11 +1,14 @@
 #include "tavkit/charts/HstgCtrl.h"
 
+#include "tavkit/charts/ChartExport.h"
 #include "tavkit/charts/ChartPage.h"
 
 BEGIN_MESSAGE_MAP(CHstgCtrl, CWnd)
     ON_WM_PAINT()       // the drawing, made anew if it must be
     ON_WM_SIZE()        // another size is another drawing
     ON_WM_LBUTTONDOWN() // selects a slot and tells the parent
+    ON_WM_MOUSEMOVE()   // the tip, if it is on
+    ON_WM_MOUSELEAVE()  // no tip any more
 END_MESSAGE_MAP()
 
 namespace
@@ -48,6 +51,7 @@ void CHstgCtrl::Refresh() { Mark(true); }
 void CHstgCtrl::Mark(bool erase)
 {
     m_bUpdt = true;
+    m_tip.Hide();
     tavkit::InvalidateChart(*this, erase);
 }
 
@@ -224,17 +228,70 @@ void CHstgCtrl::OnSize(UINT nType, int cx, int cy)
     Mark(false);
 }
 
+/// The slot that a click at the point selects, at any height of it.
+int CHstgCtrl::SlotAt(CPoint point) const
+{
+    return m_pHstg != nullptr && point.x >= GetHstgMinX() && point.x <= GetHstgMaxX()
+               ? m_pHstg->GetSlotIndx(WndToDataX(point.x))
+               : NoSlot;
+}
+
 void CHstgCtrl::OnLButtonDown(UINT, CPoint point)
 {
-    int slot = NoSlot;
-    if (m_pHstg != nullptr && point.x >= GetHstgMinX() && point.x <= GetHstgMaxX())
-    {
-        slot = m_pHstg->GetSlotIndx(WndToDataX(point.x));
-    }
+    const int slot = SlotAt(point);
     m_nSlctSlot = slot != m_nSlctSlot ? slot : NoSlot;
     if (const HWND parent = ::GetParent(m_hWnd))
     {
         ::PostMessageA(parent, WM_CHART_SLCT, 0, 0);
     }
     Mark(false);
+}
+
+// Additions
+
+bool CHstgCtrl::SavePng(char const* pszFile)
+{
+    return tavkit::SavePagePng(pszFile, tavkit::ClientSize(*this), [this](CDC& dc) { DrawPage(&dc); });
+}
+
+bool CHstgCtrl::SaveEmf(char const* pszFile)
+{
+    return tavkit::SavePageEmf(pszFile, tavkit::ClientSize(*this), [this](CDC& dc) { DrawPage(&dc); });
+}
+
+bool CHstgCtrl::CopyToClpbrd()
+{
+    return tavkit::CopyPage(*this, tavkit::ClientSize(*this), [this](CDC& dc) { DrawPage(&dc); });
+}
+
+void CHstgCtrl::EnblToolTip(bool bEnable) { m_tip.Enable(bEnable); }
+
+CString CHstgCtrl::TipText(CPoint point) const
+{
+    CString text;
+    const int slot = SlotAt(point);
+    if (slot >= 0)
+    {
+        constexpr double kPercent = 100.0;
+        const int count = m_pHstg->GetSlotVal(slot);
+        const int sum = m_pHstg->GetHstgSum();
+        text.Format("%g to %g: %d (%.1f%%)", m_pHstg->GetSlotClss(slot), m_pHstg->GetSlotClss(slot + 1), count,
+                    sum > 0 ? kPercent * count / sum : 0.0);
+    }
+    return text;
+}
+
+void CHstgCtrl::OnMouseMove(UINT nFlags, CPoint point)
+{
+    CWnd::OnMouseMove(nFlags, point);
+    if (m_tip.IsOn())
+    {
+        m_tip.Show(*this, TipText(point), point);
+    }
+}
+
+void CHstgCtrl::OnMouseLeave()
+{
+    CWnd::OnMouseLeave();
+    m_tip.Hide();
 }

@@ -4,6 +4,7 @@
 #include <afxwin.h>
 
 #include "tavkit/charts/ChartMessages.h"
+#include "tavkit/charts/ChartTip.h"
 #include "tavkit/charts/HstgGeometry.h"
 #include "tavkit/drawing/MemDC.h"
 #include "tavkit/frame/Export.h"
@@ -45,10 +46,26 @@ public:
     /// Draws anew.
     void Refresh();
 
+    // Additions, over and above what the control itself does: off, or doing nothing, until the host asks.
+
+    /// Writes the chart as it is drawn next, in place of the file that may be there.
+    /// @return false without a window, for a chart without size, and if the file can't be written: GetLastError() says
+    /// why then, and the old file is whole
+    bool SavePng(char const* pszFile);
+    /// The same as an enhanced metafile.
+    bool SaveEmf(char const* pszFile);
+    /// Puts the chart on the clipboard, as a bitmap and as an enhanced metafile.
+    /// @return false if there is nothing to copy, or the clipboard can't be had; it stays as it was then
+    bool CopyToClpbrd();
+    /// Shows limits, count and share of the slot under the mouse in a tip.
+    void EnblToolTip(bool bEnable);
+
 protected:
     void OnPaint();
     void OnSize(UINT nType, int cx, int cy);
     void OnLButtonDown(UINT nFlags, CPoint point);
+    void OnMouseMove(UINT nFlags, CPoint point);
+    void OnMouseLeave();
 
     DECLARE_MESSAGE_MAP()
 
@@ -71,6 +88,8 @@ private:
     [[nodiscard]] tavkit::HstgArea Area() const;
     void Mark(bool erase);
     void DrawPage(CDC* pDC);
+    [[nodiscard]] int SlotAt(CPoint point) const;
+    [[nodiscard]] CString TipText(CPoint point) const;
     void DrawClassTicks(CDC* pDC, tavkit::HstgArea const& area);
 
     const DHstg* m_pHstg = nullptr; ///< borrowed
@@ -85,4 +104,5 @@ private:
     bool m_bDrawFreq = true;
     bool m_bAutoScale = false;
     int m_nSlctSlot = NoSlot;
+    tavkit::ChartTip m_tip;
 };

@@ -2,6 +2,7 @@
 
 #include "tavkit/charts/ChartPage.h"
 #include "tavkit/charts/DiscPainter.h"
+#include "tavkit/charts/PlotZoom.h"
 
 #include <cmath>
 #include <memory>
@@ -12,6 +13,13 @@ BEGIN_MESSAGE_MAP(CPlotCtrl, CWnd)
     ON_WM_ERASEBKGND()  // nothing: the drawing covers all
     ON_WM_SIZE()        // another size is another drawing
     ON_WM_LBUTTONDOWN() // selects a point and tells the parent
+    ON_WM_MOUSEMOVE()   // the tip and the drag, if they are on
+    ON_WM_MOUSELEAVE()  // no tip any more
+    ON_WM_MOUSEWHEEL()  // zooms, if that is on; as the buttons do
+    ON_WM_RBUTTONDOWN()
+    ON_WM_RBUTTONUP()
+    ON_WM_RBUTTONDBLCLK()
+    ON_WM_CAPTURECHANGED()
 END_MESSAGE_MAP()
 
 namespace
@@ -46,6 +54,7 @@ void CPlotCtrl::RegisterWindowClass() { tavkit::RegisterChartClass(ClassName); }
 void CPlotCtrl::UpdtPlot()
 {
     m_bUpdt = true;
+    m_tip.Hide();
     tavkit::InvalidateChart(*this, true);
 }
 
@@ -82,29 +91,20 @@ void CPlotCtrl::Clear()
     UpdtPlot();
 }
 
-void CPlotCtrl::SetDataMinX(double dMinX)
+void CPlotCtrl::SetLimit(double& limit, double value)
 {
-    m_dDataMinX = dMinX;
+    limit = value;
+    m_zoom.reset();
     UpdtPlot();
 }
 
-void CPlotCtrl::SetDataMinY(double dMinY)
-{
-    m_dDataMinY = dMinY;
-    UpdtPlot();
-}
+void CPlotCtrl::SetDataMinX(double dMinX) { SetLimit(m_dDataMinX, dMinX); }
 
-void CPlotCtrl::SetDataMaxX(double dMaxX)
-{
-    m_dDataMaxX = dMaxX;
-    UpdtPlot();
-}
+void CPlotCtrl::SetDataMinY(double dMinY) { SetLimit(m_dDataMinY, dMinY); }
 
-void CPlotCtrl::SetDataMaxY(double dMaxY)
-{
-    m_dDataMaxY = dMaxY;
-    UpdtPlot();
-}
+void CPlotCtrl::SetDataMaxX(double dMaxX) { SetLimit(m_dDataMaxX, dMaxX); }
+
+void CPlotCtrl::SetDataMaxY(double dMaxY) { SetLimit(m_dDataMaxY, dMaxY); }
 
 void CPlotCtrl::SetTickX(double dTickX)
 {
@@ -176,13 +176,15 @@ int CPlotCtrl::PlotWidth() const { return PlotMaxX() - PlotMinX(); }
 
 int CPlotCtrl::PlotHeight() const { return PlotMaxY() - PlotMinY(); }
 
-double CPlotCtrl::DataRangeX() const { return m_dDataMaxX - m_dDataMinX; }
+tavkit::DataWindow CPlotCtrl::Limits() const { return {m_dDataMinX, m_dDataMinY, m_dDataMaxX, m_dDataMaxY}; }
 
-double CPlotCtrl::DataRangeY() const { return m_dDataMaxY - m_dDataMinY; }
+double CPlotCtrl::DataRangeX() const { return Map().data.maxX - Map().data.minX; }
+
+double CPlotCtrl::DataRangeY() const { return Map().data.maxY - Map().data.minY; }
 
 tavkit::PlotMap CPlotCtrl::Map() const
 {
-    return {{PlotMinX(), PlotMinY(), PlotMaxX(), PlotMaxY()}, {m_dDataMinX, m_dDataMinY, m_dDataMaxX, m_dDataMaxY}};
+    return {{PlotMinX(), PlotMinY(), PlotMaxX(), PlotMaxY()}, m_zoom.value_or(Limits())};
 }
 
 int CPlotCtrl::DataToWndX(double v) const { return Map().ToWndX(v); }
@@ -250,13 +252,13 @@ void CPlotCtrl::DrawAxes(CDC* pDC)
 
 void CPlotCtrl::DrawTickMarks(CDC* pDC)
 {
-    if (m_dDataMinX > m_dDataMaxX || m_dDataMinY > m_dDataMaxY)
+    const tavkit::PlotMap map = Map();
+    if (map.data.minX > map.data.maxX || map.data.minY > map.data.maxY)
     {
         return;
     }
     const CPen pen(PS_SOLID, kAxisWidth, tavkit::kInkColor);
     const SelectScope selected(*pDC, pen);
-    const tavkit::PlotMap map = Map();
     DrawTicksX(pDC, map);
     DrawTicksY(pDC, map);
     DrawTexts(pDC, map.area);
@@ -264,12 +266,15 @@ void CPlotCtrl::DrawTickMarks(CDC* pDC)
 
 void CPlotCtrl::DrawTicksX(CDC* pDC, tavkit::PlotMap const& map)
 {
-    const double ticks = m_bDrawEveryXTick ? m_vecData.GetCount() : DataRangeX() / m_dTickX;
+    const tavkit::TickAxis axis =
+        m_zoom ? tavkit::ZoomTicks(m_dDataMinX, m_dDataMaxX, m_dTickX, map.data.minX, map.data.maxX)
+               : tavkit::TickAxis{m_dDataMinX, m_dTickX};
+    const double ticks = m_bDrawEveryXTick ? m_vecData.GetCount() : DataRangeX() / axis.step;
     CFont font;
     font.CreatePointFont(tavkit::IsCrowded(ticks) ? CrowdedFontSize : LabelFontSize, kLabelFace, pDC);
     const SelectScope selectedFont(*pDC, font);
     const CPen gridPen(PS_DOT, kLineWidth, tavkit::kInkColor);
-    const int width = map.ToWndSX(m_dTickX);
+    const int width = map.ToWndSX(axis.step);
     const auto draw = [&](double value, const char* label) {
         const int x = map.ToWndX(value);
         pDC->MoveTo(x, map.area.bottom);
@@ -281,7 +286,7 @@ void CPlotCtrl::DrawTicksX(CDC* pDC, tavkit::PlotMap const& map)
         }
         RECT place = tavkit::XLabelPlace(map.area, x, width);
         pDC->DrawText(text, &place, DT_CENTER | DT_NOCLIP);
-        if (m_bDrawGrid && value != m_dDataMinX)
+        if (m_bDrawGrid && value != map.data.minX)
         {
             const SelectScope selectedPen(*pDC, gridPen);
             pDC->MoveTo(x, map.area.bottom);
@@ -299,7 +304,7 @@ void CPlotCtrl::DrawTicksX(CDC* pDC, tavkit::PlotMap const& map)
         }
         return;
     }
-    for (const double value : tavkit::TickValues(m_dDataMinX, m_dDataMaxX, m_dTickX))
+    for (const double value : tavkit::TickValues(axis.first, map.data.maxX, axis.step))
     {
         draw(value, "");
     }
@@ -312,7 +317,10 @@ void CPlotCtrl::DrawTicksY(CDC* pDC, tavkit::PlotMap const& map)
     const SelectScope selectedFont(*pDC, font);
     const CPen gridPen(PS_DOT, kLineWidth, tavkit::kInkColor);
     CString text;
-    for (const double value : tavkit::TickValues(m_dDataMinY, m_dDataMaxY, m_dTickY))
+    const tavkit::TickAxis axis =
+        m_zoom ? tavkit::ZoomTicks(m_dDataMinY, m_dDataMaxY, m_dTickY, map.data.minY, map.data.maxY)
+               : tavkit::TickAxis{m_dDataMinY, m_dTickY};
+    for (const double value : tavkit::TickValues(axis.first, map.data.maxY, axis.step))
     {
         const int y = map.ToWndY(value);
         pDC->MoveTo(map.area.left, y);
@@ -320,7 +328,7 @@ void CPlotCtrl::DrawTicksY(CDC* pDC, tavkit::PlotMap const& map)
         text.Format("%.2f", value);
         RECT place = tavkit::YLabelPlace(map.area, y);
         pDC->DrawText(text, &place, DT_RIGHT | DT_NOCLIP);
-        if (m_bDrawGrid && value != m_dDataMinY)
+        if (m_bDrawGrid && value != map.data.minY)
         {
             const SelectScope selectedPen(*pDC, gridPen);
             pDC->MoveTo(map.area.left, y);
@@ -499,6 +507,10 @@ void CPlotCtrl::OnSize(UINT nType, int cx, int cy)
 
 void CPlotCtrl::OnLButtonDown(UINT, CPoint point)
 {
+    if (m_bZoom)
+    {
+        SetFocus();
+    }
     const tavkit::PlotMap map = Map();
     if (map.IsInside(point))
     {

@@ -4,11 +4,14 @@
 #include <afxwin.h>
 
 #include "tavkit/charts/ChartMessages.h"
+#include "tavkit/charts/ChartTip.h"
 #include "tavkit/charts/PlotGeometry.h"
 #include "tavkit/drawing/MemDC.h"
 #include "tavkit/frame/Export.h"
 #include "tavkit/frame/services/DString.h"
 #include "tavkit/frame/services/DVector.h"
+
+#include <optional>
 
 /// A window of the class "PlotCtrl" that shows points as dots on a white page, joined by a line if wanted, with axes, a
 /// grid, captions and a title. A click selects the point that is nearest in x and posts WM_CHART_SLCT to the parent.
@@ -83,11 +86,37 @@ public:
     /// @param nOptions  ETO_CLIPPED, ETO_OPAQUE
     static void DrawRotatedText(CDC* pDC, CString str, CRect& rect, double dAngle, unsigned int nOptions);
 
+    // Additions, over and above what the control itself does: off, or doing nothing, until the host asks.
+
+    /// Writes the plot as it is drawn next, in place of the file that may be there.
+    /// @return false without a window, for a plot without size, and if the file can't be written: GetLastError() says
+    /// why then, and the old file is whole
+    bool SavePng(char const* pszFile);
+    /// The same as an enhanced metafile.
+    bool SaveEmf(char const* pszFile);
+    /// Puts the plot on the clipboard, as a bitmap and as an enhanced metafile.
+    /// @return false if there is nothing to copy, or the clipboard can't be had; it stays as it was then
+    bool CopyToClpbrd();
+    /// Shows label and values of the point under the mouse in a tip.
+    void EnblToolTip(bool bEnable);
+    /// Lets the wheel zoom about the mouse, and the right button drag what is shown then; a double click with the right
+    /// button shows all again. A click gives the control the focus meanwhile, for the wheel's sake.
+    void EnblZoom(bool bEnable);
+    /// Shows all between the limits again. Setting a limit does so, too.
+    void ResetZoom();
+
 protected:
     void OnPaint();
     BOOL OnEraseBkgnd(CDC* pDC);
     void OnSize(UINT nType, int cx, int cy);
     void OnLButtonDown(UINT nFlags, CPoint point);
+    void OnMouseMove(UINT nFlags, CPoint point);
+    void OnMouseLeave();
+    BOOL OnMouseWheel(UINT nFlags, short zDelta, CPoint pt);
+    void OnRButtonDown(UINT nFlags, CPoint point);
+    void OnRButtonUp(UINT nFlags, CPoint point);
+    void OnRButtonDblClk(UINT nFlags, CPoint point);
+    void OnCaptureChanged(CWnd* pWnd);
 
     DECLARE_MESSAGE_MAP()
 
@@ -120,7 +149,12 @@ private:
     void DrawTickMarks(CDC* pDC);
     void DrawData(CDC* pDC);
 
+    [[nodiscard]] tavkit::DataWindow Limits() const;
     [[nodiscard]] tavkit::PlotMap Map() const;
+    void SetLimit(double& limit, double value);
+    [[nodiscard]] CString TipText(CPoint point) const;
+    void Look(tavkit::DataWindow const& view);
+    void Pan(CPoint point);
     void DrawPage(CDC* pDC);
     void DrawTicksX(CDC* pDC, tavkit::PlotMap const& map);
     void DrawTicksY(CDC* pDC, tavkit::PlotMap const& map);
@@ -149,4 +183,8 @@ private:
     bool m_bDrawLine = false;
     bool m_bDrawTitle = false; ///< kept for the host's sake; it is the margin that makes room
     bool m_bDrawEveryXTick = false;
+    tavkit::ChartTip m_tip;
+    bool m_bZoom = false;
+    std::optional<tavkit::DataWindow> m_zoom; ///< the part of the data that is shown; none for all
+    std::optional<CPoint> m_panFrom;          ///< where the mouse was last, while it drags
 };

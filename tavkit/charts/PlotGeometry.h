@@ -6,6 +6,7 @@
 #include "tavkit/frame/WinTypes.h"
 
 #include <cmath>
+#include <cstdlib>
 #include <vector>
 
 namespace tavkit
@@ -150,6 +151,23 @@ template <class Points>
         }
     }
     return nearest;
+}
+
+/// The point whose disc lies under a pixel, the one on top of several; null if there is none.
+/// @param points  pointers to records with fields `x` and `y`
+template <class Points>
+[[nodiscard]] auto PointUnder(Points const& points, PlotMap const& map, POINT pixel)
+{
+    typename Points::value_type under = nullptr;
+    for (auto const point : points)
+    {
+        if (map.data.Contains(point->x, point->y) && std::abs(map.ToWndX(point->x) - pixel.x) <= kPointRadius &&
+            std::abs(map.ToWndY(point->y) - pixel.y) <= kPointRadius)
+        {
+            under = point;
+        }
+    }
+    return under;
 }
 
 } // namespace tavkit
