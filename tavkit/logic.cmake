@@ -17,5 +17,6 @@ set(TAVKIT_LOGIC_SOURCES
     lists/ColumnWidths.cpp
     lists/RowText.cpp
     lists/ScanDouble.cpp
+    thematic/CardLayout.cpp
     trees/TreeIndex.cpp)
 list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")

@@ -75,9 +75,26 @@ BOOL CImageList::Create(UINT nBitmapID, int cx, int nGrow, COLORREF crMask)
 
 BOOL CImageList::Create(LPCTSTR lpszBitmapID, int cx, int nGrow, COLORREF crMask)
 {
+    // Not ImageList_LoadBitmap(), which leaves a bitmap of any depth no more than sixteen colours.
     AfxInitCommonControls();
-    return Attach(
-        ::ImageList_LoadBitmap(AfxFindResourceHandle(lpszBitmapID, RT_BITMAP), lpszBitmapID, cx, nGrow, crMask));
+    CBitmap bitmap;
+    BITMAP info{};
+    if (!bitmap.Attach(::LoadImageA(AfxFindResourceHandle(lpszBitmapID, RT_BITMAP), lpszBitmapID, IMAGE_BITMAP, 0, 0,
+                                    LR_CREATEDIBSECTION)) ||
+        bitmap.GetBitmap(&info) == 0)
+    {
+        return FALSE;
+    }
+    const int width = cx > 0 ? cx : info.bmHeight;
+    const UINT depth = info.bmBitsPixel > 24 ? ILC_COLOR32 : ILC_COLOR24;
+    const bool masked = crMask != CLR_NONE;
+    CImageList list;
+    if (!list.Create(width, info.bmHeight, depth | (masked ? ILC_MASK : 0U), info.bmWidth / width, nGrow) ||
+        (masked ? list.Add(&bitmap, crMask) : list.Add(&bitmap, static_cast<CBitmap*>(nullptr))) < 0)
+    {
+        return FALSE;
+    }
+    return Attach(list.Detach());
 }
 
 int CImageList::GetImageCount() const { return ::ImageList_GetImageCount(m_hImageList); }

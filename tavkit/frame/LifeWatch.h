@@ -17,8 +17,8 @@ private:
     LifeWatch* m_first = nullptr; ///< the watch begun last, and through it the others
 };
 
-/// Stands on the stack of an operation that calls out: hooks, notifications, a host's reader. Watches of one object
-/// nest, and all of them notice its end. One thread.
+/// Stands on the stack of an operation that calls out: hooks, notifications, a host's reader. All watches of one object
+/// notice its end, in whatever order they themselves end. One thread.
 /// @code
 /// const LifeWatch watch(m_life);
 /// OnValue(...);
@@ -38,7 +38,12 @@ public:
     {
         if (m_token)
         {
-            m_token->m_first = m_outer;
+            LifeWatch** at = &m_token->m_first; // nearly always this very watch
+            while (*at != this)
+            {
+                at = &(*at)->m_outer;
+            }
+            *at = m_outer;
         }
     }
 

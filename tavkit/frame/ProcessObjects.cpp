@@ -6,6 +6,8 @@
 #include "tavkit/filedlg/DfltFldrs.h"
 #include "tavkit/layout/DynamicWndEx.h"
 #include "tavkit/layout/SizeIconCtrl.h"
+#include "tavkit/thematic/CardLayout.h"
+#include "tavkit/thematic/TmtcDrawElmt.h"
 #include "tavkit/widgets/HyperLink.h"
 
 #include <afxwin.h>
@@ -27,3 +29,9 @@ unsigned int const CTavDockBar::wm_TavDockBarRepaintChld = ::RegisterWindowMessa
 unsigned int const CTavPropList::wm_PropChanged = ::RegisterWindowMessage("WM_TAV_CTRL_PROPLIST_PROPCHANGED");
 
 unsigned int WM_XHYPERLINK_CLICKED = ::RegisterWindowMessage("WM_XHYPERLINK_CLICKED");
+
+constinit SIZE const TmtcListCtrl::Elmt::BitmapButton::sizeImage{tavkit::thematic::kArrowWidth,
+                                                                 tavkit::thematic::kArrowHeight};
+CImageList TmtcListCtrl::Elmt::BitmapButton::m_lstImg;
+CFont TmtcListCtrl::Elmt::Hyperlink::fontHyper;
+CFont TmtcListCtrl::Elmt::Hyperlink::fontText;
