@@ -1,5 +1,8 @@
 #include "ThematicFixture.h"
 
+#include "tavkit/frame/ModuleHandle.h"
+#include "tavkit/resources/resource.h"
+
 using support::Button;
 
 namespace
@@ -9,7 +12,8 @@ constexpr int kLeft = 20;
 constexpr int kTop = 20;
 constexpr int kListId = 88;
 
-/// Opens what all lists of a process share: the strip of arrows, the fonts of links and the icon, which the system keeps.
+/// Opens what all lists of a process share: the strip of arrows and the fonts of links; and the hand and the icon,
+/// which the system keeps.
 void OpenShared()
 {
     static bool opened = false;
@@ -17,6 +21,7 @@ void OpenShared()
     {
         delete Item::Create("first", kGreenIcon, 0, true);
         Group::Delete(Group::Create("first", "", 0, 0, 0));
+        ::LoadCursorA(tavkit::ModuleInstance(), MAKEINTRESOURCE(IDC_TMTC_HAND));
     }
 }
 
