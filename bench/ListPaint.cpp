@@ -1,6 +1,7 @@
 // ListPaint.cpp - [list_paint] a full page of rows that the list draws itself, against the plain control's painting
 #include "bench/Bench.h"
 #include "bench/ListWindows.h"
+#include "bench/Painted.h"
 #include "tavkit/lists/TavListCtrl.h"
 
 namespace bench
@@ -18,26 +19,6 @@ void Repaint(HWND list)
         ::RedrawWindow(list, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_UPDATENOW);
     }
     ::GdiFlush();
-}
-
-/// Something other than the background stands in the page's last row.
-void RequirePainted(HWND list)
-{
-    RECT client;
-    ::GetClientRect(list, &client);
-    const HDC dc = ::GetDC(list);
-    const COLORREF ground = ::GetSysColor(COLOR_WINDOW);
-    bool painted = false;
-    const int last = client.bottom - (client.bottom - client.top) / 8;
-    for (int y = last; y < client.bottom && !painted; ++y)
-    {
-        for (int x = 0; x < kListColumnWidth && !painted; ++x)
-        {
-            painted = ::GetPixel(dc, x, y) != ground;
-        }
-    }
-    ::ReleaseDC(list, dc);
-    Require(painted, "the page isn't painted");
 }
 
 std::vector<Row> Run()
@@ -61,10 +42,10 @@ std::vector<Row> Run()
     const auto onTop = [](HWND parent) { ::SetWindowPos(parent, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE); };
     const Medians medians = Interleave({.run = [&] { Repaint(ours.m_hWnd); },
                                         .prepare = [&] { onTop(oursParent.m_hWnd); },
-                                        .check = [&] { RequirePainted(ours.m_hWnd); }},
+                                        .check = [&] { RequirePainted(ours.m_hWnd, kListColumnWidth); }},
                                        {.run = [&] { Repaint(plain.Handle()); },
                                         .prepare = [&] { onTop(plainParent.Handle()); },
-                                        .check = [&] { RequirePainted(plain.Handle()); }});
+                                        .check = [&] { RequirePainted(plain.Handle(), kListColumnWidth); }});
     const int page = ours.GetCountPerPage();
     ours.DestroyWindow();
     return {{"list_paint", static_cast<long long>(page) * kRepaints, medians.ours, medians.reference, std::nullopt}};
