@@ -69,6 +69,8 @@ public:
 
     /// Null if there is no neighbour, or the card wasn't shown.
     [[nodiscard]] Card* Result() const noexcept { return m_result; }
+    /// Of a search backward, the last card shown so far that counts; null for none.
+    [[nodiscard]] Card* Last() const noexcept { return m_last; }
 
 private:
     Card* m_start;

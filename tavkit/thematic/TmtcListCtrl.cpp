@@ -22,6 +22,8 @@ BEGIN_MESSAGE_MAP(TmtcListCtrl, CWnd)
     ON_WM_LBUTTONDOWN()                     // presses a button, or selects
     ON_WM_LBUTTONUP()                       // carries out what the button stands for
     ON_WM_RBUTTONDOWN()                     // selects, before a context menu
+    ON_WM_GETDLGCODE()                      // arrows select, on request
+    ON_WM_KEYDOWN()                         // selects, on request
 END_MESSAGE_MAP()
 
 TmtcListCtrl::TmtcListCtrl() { m_font.CreateStockObject(DEFAULT_GUI_FONT); }
@@ -129,16 +131,16 @@ bool TmtcListCtrl::Holds(Elmt const* pElmt) const
     });
 }
 
-TmtcListCtrl::Item* TmtcListCtrl::GetNextItem(Item* pItem, bool bVisible, bool bBackward)
+template <class Search>
+void TmtcListCtrl::ShowItems(Search& search)
 {
-    NeighbourSearch<Item> search(pItem, bVisible, bBackward);
     for (Elmt* const element : m_vecElmt)
     {
         if (auto* const item = dynamic_cast<Item*>(element))
         {
             if (search.Show(item, item->m_bVisible))
             {
-                break;
+                return;
             }
         }
         else if (auto const* const group = dynamic_cast<Group*>(element))
@@ -146,10 +148,16 @@ TmtcListCtrl::Item* TmtcListCtrl::GetNextItem(Item* pItem, bool bVisible, bool b
             const auto show = [&search](Item* card) { return card != nullptr && search.Show(card, card->m_bVisible); };
             if (std::ranges::any_of(group->m_vecItem, show))
             {
-                break;
+                return;
             }
         }
     }
+}
+
+TmtcListCtrl::Item* TmtcListCtrl::GetNextItem(Item* pItem, bool bVisible, bool bBackward)
+{
+    NeighbourSearch<Item> search(pItem, bVisible, bBackward);
+    ShowItems(search);
     return search.Result();
 }
 
@@ -270,20 +278,26 @@ bool TmtcListCtrl::ProcessMouseEvent(EMouseEvnt evnt, const POINT& pt)
 
 void TmtcListCtrl::SlctItem(CPoint pt)
 {
-    Elmt* const old = m_pSlct.Get();
     HITTEST hit;
     HitTest(pt, &hit);
     Elmt* const candidate = hit.pItem != nullptr ? static_cast<Elmt*>(hit.pItem) : hit.pGroup;
-    if (candidate != nullptr && candidate != old && (hit.pItem != nullptr || m_bEnblGrpSlct))
+    const bool selectable = candidate != nullptr && (hit.pItem != nullptr || m_bEnblGrpSlct);
+    if (!selectable || ChangeSlct(candidate))
     {
-        const Handled handled(*this, old, candidate);
-        OnSlctChng(old, candidate);
-        if (handled.IsListGone())
-        {
-            return;
-        }
+        Invalidate(FALSE);
     }
-    Invalidate(FALSE);
+}
+
+bool TmtcListCtrl::ChangeSlct(Elmt* pNew)
+{
+    Elmt* const old = m_pSlct.Get();
+    if (pNew == old)
+    {
+        return true;
+    }
+    const Handled handled(*this, old, pNew);
+    OnSlctChng(old, pNew);
+    return !handled.IsListGone();
 }
 
 void TmtcListCtrl::OnMouseMove(UINT, CPoint point)
@@ -304,9 +318,19 @@ LRESULT TmtcListCtrl::OnMouseLeave(WPARAM, LPARAM)
     return 0;
 }
 
+bool TmtcListCtrl::TakeFocus()
+{
+    const LifeWatch life(m_life); // whoever loses the focus may do anything
+    if (m_bEnblKeySlct)
+    {
+        SetFocus();
+    }
+    return !life.IsGone() && m_hWnd != nullptr;
+}
+
 void TmtcListCtrl::OnLButtonDown(UINT, CPoint point)
 {
-    if (!ProcessMouseEvent(mouseLDown, point))
+    if (TakeFocus() && !ProcessMouseEvent(mouseLDown, point))
     {
         SlctItem(point);
     }
@@ -344,6 +368,10 @@ void TmtcListCtrl::OnLButtonUp(UINT, CPoint point)
 void TmtcListCtrl::OnRButtonDown(UINT, CPoint point)
 {
     const LifeWatch life(m_life);
+    if (!TakeFocus())
+    {
+        return;
+    }
     SlctItem(point);
     if (!life.IsGone() && m_hWnd != nullptr)
     {
@@ -367,6 +395,43 @@ BOOL TmtcListCtrl::OnSetCursor(CWnd* pWnd, UINT nHitTest, UINT nMessage)
     static const HCURSOR s_hand = ::LoadCursor(tavkit::ModuleInstance(), MAKEINTRESOURCE(IDC_TMTC_HAND));
     ::SetCursor(s_hand);
     return TRUE;
+}
+
+// The keyboard
+
+UINT TmtcListCtrl::OnGetDlgCode() { return static_cast<UINT>(Default()) | (m_bEnblKeySlct ? DLGC_WANTARROWS : 0U); }
+
+TmtcListCtrl::Item* TmtcListCtrl::FindItemByKey(UINT nKey)
+{
+    switch (nKey)
+    {
+    case VK_UP:
+        return GetNextItem(GetSlctItem(), true, true);
+    case VK_DOWN:
+        return GetNextItem(GetSlctItem(), true, false);
+    case VK_HOME:
+        return GetNextItem(nullptr, true, false);
+    case VK_END: {
+        NeighbourSearch<Item> search(nullptr, true, true);
+        ShowItems(search);
+        return search.Last();
+    }
+    default:
+        return nullptr;
+    }
+}
+
+void TmtcListCtrl::OnKeyDown(UINT nChar, UINT, UINT)
+{
+    Item* const item = m_bEnblKeySlct ? FindItemByKey(nChar) : nullptr;
+    if (item == nullptr)
+    {
+        Default();
+    }
+    else if (ChangeSlct(item))
+    {
+        Invalidate(FALSE);
+    }
 }
 
 // Hooks

@@ -66,6 +66,14 @@ public:
     /// Whether groups can be selected; off at first.
     void SetEnblGrpSlct(bool bEnabled) { m_bEnblGrpSlct = bEnabled; }
 
+    // An addition: selection with the keyboard. Off at first, and then nothing is any different.
+
+    [[nodiscard]] bool GetEnblKeySlct() const { return m_bEnblKeySlct; }
+    /// Whether a click gives the list the focus, and the arrows up and down, Home and End select visible items while it
+    /// has it. Groups are passed over, and a selected one counts as no selection: the arrow down then goes to the first
+    /// item. The selection is told to OnSlctChng() as that with the mouse is.
+    void SetEnblKeySlct(bool bEnabled) { m_bEnblKeySlct = bEnabled; }
+
     using CWnd::Create;
     /// Makes the window. @return FALSE if the system refused
     virtual int Create(unsigned long dwStyle, const RECT& rect, CWnd* pParent, unsigned int nID);
@@ -113,6 +121,8 @@ protected:
     void OnLButtonDown(UINT nFlags, CPoint point);
     void OnLButtonUp(UINT nFlags, CPoint point);
     void OnRButtonDown(UINT nFlags, CPoint point);
+    UINT OnGetDlgCode();
+    void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
 
 private:
@@ -124,6 +134,15 @@ private:
     /// Whether an argument of a hook was deleted by the hook before it passed it on.
     [[nodiscard]] bool IsLost(Elmt const* pElmt) const;
     [[nodiscard]] bool Holds(Elmt const* pElmt) const;
+    /// Shows a search all items in display order, until it ends.
+    template <class Search>
+    void ShowItems(Search& search);
+    /// @return false if the object was destroyed meanwhile
+    bool ChangeSlct(Elmt* pNew);
+    /// The visible item that a key goes to; null for another key, and where there is none.
+    Item* FindItemByKey(UINT nKey);
+    /// Takes the focus if the keyboard selects. @return whether the window still is there
+    bool TakeFocus();
     Item* FindRplcItem(Group& group, Item* pItem);
     void ShowRplcItem(Item* pRplc, Item const* pRmvd);
 
@@ -133,6 +152,7 @@ private:
     bool m_bTrackMouse = false;
     CFont m_font;
     bool m_bEnblGrpSlct = false;
+    bool m_bEnblKeySlct = false;
     LifeToken m_life;
     Handled* m_pHandled = nullptr; // the innermost hook that runs
 };

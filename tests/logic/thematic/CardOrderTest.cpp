@@ -138,6 +138,21 @@ TEST_F(Neighbours, OfACardThatIsNotThereIsNone)
     EXPECT_EQ(Find('x', true, true), '-');
 }
 
+TEST_F(Neighbours, BackwardKnowsTheLastThatCounts)
+{
+    for (const bool visibleOnly : {true, false})
+    {
+        NeighbourSearch<Card> search(nullptr, visibleOnly, true);
+        EXPECT_EQ(search.Last(), nullptr);
+        for (Card& card : m_cards)
+        {
+            EXPECT_FALSE(search.Show(&card, card.visible));
+        }
+        ASSERT_NE(search.Last(), nullptr);
+        EXPECT_EQ(search.Last()->name, visibleOnly ? 'd' : 'e');
+    }
+}
+
 struct Spot
 {
     RECT rect;
