@@ -8,6 +8,7 @@ install(TARGETS TavAfx TavAfxMain TavBcg TavHost TavKit
         ARCHIVE DESTINATION lib
         INCLUDES DESTINATION include include/afx include/bcg)
 install(TARGETS Workbench RUNTIME DESTINATION bin)
+install(FILES workbench/Product.xml DESTINATION bin)
 install(DIRECTORY samples DESTINATION .)
 install(FILES ${TAVKIT_RUNTIME_DLLS} DESTINATION bin)
 install(DIRECTORY platform/afx/ DESTINATION include/afx FILES_MATCHING PATTERN "*.h" PATTERN "impl" EXCLUDE PATTERN "main" EXCLUDE)

@@ -1,11 +1,13 @@
 // CnfgLdr.cpp
 #include "tavkit/frame/services/CnfgLdr.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstring>
 #include <map>
 #include <string_view>
 
+#include "tavkit/frame/services/BDIDrvr.h"
 #include "tavkit/frame/services/BaseFuncs.h"
 #include "tavkit/frame/services/XMLNode.h"
 
@@ -14,6 +16,21 @@ namespace
 constexpr char const* kRoot = "Product";
 constexpr char const* kFolder = "Folder";
 constexpr char const* kTextBlock = "TextBlock";
+constexpr char const* kPlugin = "Plugin";
+constexpr char const* kFormat = "Format";
+constexpr char const* kCustomImport = "CustomImport";
+constexpr char const* kParam = "Param";
+constexpr char const* kLayer = "Layer";
+
+/// A word for a kind of data.
+struct DataWord
+{
+    char const* word;
+    unsigned int bit;
+};
+constexpr DataWord kDataWords[] = {
+    {"raster", bdiRaster}, {"vector", bdiVector}, {"table", bdiTable}, {"metadata", bdiOther}};
+constexpr unsigned int kAllData = bdiRaster | bdiVector | bdiTable | bdiOther;
 
 constexpr int kMaxCoordinate = 32767; ///< as far as a device context reaches on every version of the system
 constexpr int kMaxWeight = 1000;      ///< heaviest font
@@ -57,12 +74,47 @@ bool ReadColor(XMLNode const& node, char const* name, unsigned long& color)
     color = (rgb & 0xFF) << 16 | (rgb & 0xFF00) | rgb >> 16;
     return true;
 }
+
+bool IsNamed(XMLNode const& node, char const* name) { return std::strcmp(node.GetName(), name) == 0; }
+
+/// Reads which kinds of data a format is for.
+bool ReadDataType(XMLNode const& node, unsigned int& type)
+{
+    type = node.HasAttr("data") ? 0 : kAllData;
+    const DString words = node.GetAttrStr("data");
+    for (DString::Tokens walk(words, " "); !walk.Done(); walk.Next())
+    {
+        const auto found =
+            std::ranges::find_if(kDataWords, [word = walk.Crnt()](DataWord const& each) { return word == each.word; });
+        if (found == std::ranges::end(kDataWords))
+        {
+            return false;
+        }
+        type |= found->bit;
+    }
+    return type != 0;
+}
+
+bool ReadFormat(XMLNode const& node, CnfgLdr::PluginFrmt& format)
+{
+    format.strId = node.GetAttrStr("id");
+    format.strName = node.GetAttrStr("name");
+    format.strPattern = node.GetAttrStr("pattern");
+    const DString access = node.HasAttr("access") ? node.GetAttrStr("access") : DString("both");
+    const bool both = access == "both";
+    format.bLoad = both || access == "load";
+    format.bSave = both || access == "save";
+    return !format.strName.IsEmpty() && !format.strPattern.IsEmpty() && (format.bLoad || format.bSave) &&
+           ReadDataType(node, format.nDataType);
+}
 } // namespace
 
 struct CnfgLdr::Data
 {
     std::map<DString, DString, DStringLess> mapFolder;
     std::map<DString, OwnedBlock, DStringLess> mapBlock;
+    std::vector<Plugin> vecPlugin;
+    std::vector<CustImport::Dfntn> vecImport;
 
     bool AddFolder(XMLNode const& node)
     {
@@ -95,13 +147,52 @@ struct CnfgLdr::Data
         return true;
     }
 
+    bool AddPlugin(XMLNode const& node)
+    {
+        Plugin plugin{node.GetAttrStr("name"), {}};
+        for (XMLNode const* child = node.m_pFrstChld; child; child = child->m_pNext)
+        {
+            if (IsNamed(*child, kFormat) && !ReadFormat(*child, plugin.vecFrmt.emplace_back()))
+            {
+                return false;
+            }
+        }
+        const bool named = !plugin.strName.IsEmpty();
+        vecPlugin.push_back(std::move(plugin));
+        return named;
+    }
+
+    bool AddImport(XMLNode const& node)
+    {
+        CustImport::Dfntn& import = vecImport.emplace_back();
+        import.m_strName = node.GetAttrStr("name");
+        import.m_strDscr = node.GetAttrStr("description");
+        import.m_strFrmtId = node.GetAttrStr("format");
+        for (XMLNode const* child = node.m_pFrstChld; child; child = child->m_pNext)
+        {
+            if (IsNamed(*child, kParam))
+            {
+                import.m_vecParam.Append(child->GetAttrStr("text"));
+            }
+            else if (IsNamed(*child, kLayer))
+            {
+                ImportImgLayerData layer;
+                layer.m_strLayer = child->GetAttrStr("name");
+                layer.m_strFile = child->GetAttrStr("file");
+                layer.m_strDrvrId = child->GetAttrStr("driver");
+                import.m_vecLayer.Append(layer);
+            }
+        }
+        return !import.m_strName.IsEmpty();
+    }
+
     /// Takes a whole product configuration; false if any part of it contradicts what is expected.
     bool Read(XMLNode const& root)
     {
         for (XMLNode const* node = root.m_pFrstChld; node; node = node->m_pNext)
         {
-            if ((std::strcmp(node->GetName(), kFolder) == 0 && !AddFolder(*node)) ||
-                (std::strcmp(node->GetName(), kTextBlock) == 0 && !AddBlock(*node)))
+            if ((IsNamed(*node, kFolder) && !AddFolder(*node)) || (IsNamed(*node, kTextBlock) && !AddBlock(*node)) ||
+                (IsNamed(*node, kPlugin) && !AddPlugin(*node)) || (IsNamed(*node, kCustomImport) && !AddImport(*node)))
             {
                 return false;
             }
@@ -147,3 +238,7 @@ CnfgLdr::TextBlock const* CnfgLdr::GetTextBlock(char const* name) const
     const auto found = m_pData->mapBlock.find(name);
     return found == m_pData->mapBlock.end() ? nullptr : &found->second.block;
 }
+
+std::vector<CnfgLdr::Plugin> const& CnfgLdr::GetPlugins() const { return m_pData->vecPlugin; }
+
+std::vector<CustImport::Dfntn> const& CnfgLdr::GetCustImports() const { return m_pData->vecImport; }

@@ -8,8 +8,10 @@ set(HOST_LOGIC_SOURCES
     DFile.cpp
     DFileFrmt.cpp
     DHstg.cpp
+    DIOPlugin.cpp
     IAttrData.cpp
     PathText.cpp
+    Wksp.cpp
     XMLNode.cpp
     raster/BlockDecoder.cpp
     raster/Inflater.cpp

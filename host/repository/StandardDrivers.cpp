@@ -12,7 +12,7 @@ namespace
 {
 constexpr char kFolderFormats[] = "Folder";
 /// "ALL" stands for any file: one that is no TIFF isn't opened and stays the plain file that it is.
-constexpr char kPagesFormats[] = "TIFF;ALL";
+constexpr char kPagesFormats[] = "TIF;TIFF;ALL";
 
 [[nodiscard]] std::unique_ptr<Repository> OpenPages(std::string_view path)
 {

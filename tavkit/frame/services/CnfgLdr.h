@@ -2,19 +2,30 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
 #include "tavkit/frame/services/DFile.h"
 #include "tavkit/frame/services/DString.h"
+#include "tavkit/frame/services/Wksp.h"
 
 /// Settings of the product, read from the file beside the program:
 /// @code
 /// <Product>
 ///   <Folder category="Images" path="InstallDir\Examples;My Documents"/>
 ///   <TextBlock name="About" x="20" y="16" font="Tahoma" height="18" weight="700" color="#203040" text="TavKit"/>
+///   <Plugin name="Pictures">
+///     <Format id="TIF" name="TIF" pattern="*.tif;*.tiff" data="raster" access="both"/>
+///   </Plugin>
+///   <CustomImport name="Slides" description="..." format="TIFF">
+///     <Param text="{1}_slides.tif"/>
+///     <Layer name="Tissue" file="*_slides.tif" driver="TIFF"/>
+///   </CustomImport>
 /// </Product>
 /// @endcode
-/// A block's attributes but its name may be missing. Other elements are passed over. What the file doesn't name is left
-/// to the caller's default.
+/// A block's attributes but its name may be missing. So may "id", "data" (words of "raster", "vector", "table" and
+/// "metadata", separated by blanks; all kinds without it) and "access" ("load", "save" or "both", as without it) of a
+/// format, and all but the name of a custom import and its parts. Other elements are passed over. What the file doesn't
+/// name is left to the caller's default.
 class TAVHOST_API CnfgLdr
 {
 public:
@@ -32,6 +43,24 @@ public:
         DString strText;               ///< the text
     };
 
+    /// A file format that a plug-in reads or writes.
+    struct PluginFrmt
+    {
+        DString strId;
+        DString strName;
+        DString strPattern;
+        unsigned int nDataType; ///< bits of BDINodeKind; bdiOther for metadata
+        bool bLoad;
+        bool bSave;
+    };
+
+    /// A plug-in of the product.
+    struct Plugin
+    {
+        DString strName;
+        std::vector<PluginFrmt> vecFrmt;
+    };
+
     /// The one configuration of the process; the first call loads the file in the installation folder.
     static CnfgLdr* Instance();
 
@@ -45,6 +74,10 @@ public:
     [[nodiscard]] DString GetDfltFldr(DString const& key, char const* dflt) const;
     /// The text block of that name; null if there is none. Valid until the next Load or Reset.
     [[nodiscard]] TextBlock const* GetTextBlock(char const* name) const;
+    /// The plug-ins in the order of the file. Valid until the next Load or Reset.
+    [[nodiscard]] std::vector<Plugin> const& GetPlugins() const;
+    /// The definitions of the custom imports in the order of the file. Valid until the next Load or Reset.
+    [[nodiscard]] std::vector<CustImport::Dfntn> const& GetCustImports() const;
 
 private:
     struct Data;

@@ -32,7 +32,7 @@ public:
         DString m_strName;                          ///< what the file dialogs show
         DString m_strDscr;                          ///< description
         DString m_strFrmtId;                        ///< identifier of the format
-        DVectorSafe<DString> m_vecParam;            ///< parameters of the file pattern
+        DVectorSafe<DString> m_vecParam;            ///< the file pattern, and the texts for its places
         DVectorSafe<ImportImgLayerData> m_vecLayer; ///< picture layers
     };
 
@@ -42,7 +42,8 @@ public:
     CustImport& operator=(CustImport const&) = delete;
     ~CustImport();
 
-    /// The file name pattern for the parameters @p params.
+    /// The file name pattern that parameters make: the first one, in which "{1}" stands for the second parameter, "{2}"
+    /// for the third and so on. A place without a parameter stands for any text, "*".
     /// @param folder  put in front of the pattern; "" for none.
     DString GetFilePttr(DVectorSafe<DString> const& params, char const* folder);
 
@@ -58,11 +59,14 @@ public:
     DataSchm& operator=(DataSchm const&) = delete;
     ~DataSchm();
 
+    /// Declares a further import; the definition is copied.
+    void AddCustImport(CustImport::Dfntn const& dfntn);
     [[nodiscard]] int GetNumCustImport() const;
     /// The import at @p index, owned by the schema; null outside.
     CustImport* GetCustImport(int index);
 
 private:
+    std::vector<std::unique_ptr<CustImport::Dfntn>> m_vecDfntn; ///< of the imports, which borrow them
     std::vector<std::unique_ptr<CustImport>> m_vecImport;
 };
 
@@ -72,13 +76,23 @@ class TAVHOST_API Wksp
 public:
     /// The workspace; null when none is open.
     static Wksp* Instance();
+    /// Opens a workspace in place of the one that is open.
+    /// @param schm  null for a workspace without a schema.
+    static void Open(std::unique_ptr<DataSchm> schm);
+    /// Closes the workspace that is open, if there is one.
+    static void Close();
+
+    ~Wksp();
+    Wksp(Wksp const&) = delete;
+    Wksp& operator=(Wksp const&) = delete;
 
     /// The schema, owned by the workspace; null when it has none.
     [[nodiscard]] DataSchm* GetDataSchm() const;
 
 private:
-    Wksp();
-    ~Wksp();
+    explicit Wksp(std::unique_ptr<DataSchm> schm);
+
+    static std::unique_ptr<Wksp> m_pOpen;
 
     std::unique_ptr<DataSchm> m_pSchm;
 };
