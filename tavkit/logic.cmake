@@ -10,6 +10,10 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/NearestScale.cpp
     drawing/TextBlockMarks.cpp
     filedlg/FolderList.cpp
+    filedlg/FormatCatalogue.cpp
+    filedlg/FormatOffer.cpp
+    filedlg/NodeCursor.cpp
+    filedlg/Resolution.cpp
     layout/WindowRecord.cpp
     lists/AttrCache.cpp
     lists/AttrSort.cpp
