@@ -8,31 +8,30 @@
 
 namespace
 {
-constexpr int kMaxNameLength = 16383; ///< characters of a value's name, as the registry documents it
+constexpr int kMaxNameLength = 16383;      ///< characters of a value's name, as the registry documents it
+constexpr std::size_t kUsualLength = 1024; ///< bytes that are asked for first; most texts are shorter
 constexpr char const* kProductKey = "Software\\TavKit\\Workbench";
 
 /// The text stored under a name; nothing if there is none or it is of another type.
 std::optional<std::string> ReadText(HKEY store, char const* name)
 {
-    std::string text;
-    DWORD type = REG_NONE;
-    DWORD size = 0;
-    LSTATUS status = ::RegQueryValueExA(store, name, nullptr, &type, nullptr, &size);
-    while (status == ERROR_SUCCESS && type == REG_SZ)
+    std::string text(kUsualLength, '\0');
+    for (;;)
     {
-        text.resize(size);
-        status = ::RegQueryValueExA(store, name, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
-        if (status == ERROR_SUCCESS && type == REG_SZ)
+        DWORD type = REG_NONE;
+        auto size = static_cast<DWORD>(text.size());
+        const LSTATUS status =
+            ::RegQueryValueExA(store, name, nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &size);
+        if (type != REG_SZ || (status != ERROR_SUCCESS && status != ERROR_MORE_DATA))
         {
-            text.resize(size);
+            return std::nullopt;
+        }
+        text.resize(size); // after too small a buffer, what it should have been; another process may change it again
+        if (status == ERROR_SUCCESS)
+        {
             return text.substr(0, text.find('\0')); // whoever wrote it needn't have closed it
         }
-        if (status == ERROR_MORE_DATA)
-        {
-            status = ERROR_SUCCESS; // another process made it longer between the two calls: "size" is the new length
-        }
     }
-    return std::nullopt;
 }
 } // namespace
 

@@ -33,35 +33,95 @@ constexpr char kPathAttribute[] = "path"; ///< of a category in a defaults file
 /// The shell's number for the user's documents as its interface of old has it; the headers of today say 5.
 constexpr unsigned int kMyDocuments = 12;
 
-/// Translates entries of a list; the shell is asked once for each place, however often the list names it.
+/// The user's own folders as the shell says, which takes longer than all the rest of a list; so it is asked again only
+/// when the user has moved one.
+class ShellPlaces
+{
+public:
+    ShellPlaces() = default;
+    ShellPlaces(ShellPlaces const&) = delete;
+    ShellPlaces& operator=(ShellPlaces const&) = delete;
+    ~ShellPlaces()
+    {
+        if (m_key)
+        {
+            ::RegCloseKey(m_key);
+        }
+        if (m_changed)
+        {
+            ::CloseHandle(m_changed);
+        }
+    }
+
+    /// Forgets what may have changed. The watch begins before the shell is asked, so that no change falls between.
+    void Refresh() { m_watching = (m_key && ::WaitForSingleObject(m_changed, 0) == WAIT_TIMEOUT) || Watch(); }
+
+    void Translate(tavkit::Place place, DString& entry)
+    {
+        std::optional<DString>& path = place == tavkit::Place::Desktop ? m_desktop : m_documents;
+        if (!path || !m_watching)
+        {
+            path = DfltFldrs::TranslateSpecialPath(entry);
+        }
+        entry = *path;
+    }
+
+private:
+    /// Forgets what is known and begins to watch; false if that can't be done.
+    bool Watch()
+    {
+        m_desktop.reset();
+        m_documents.reset();
+        if (!m_changed)
+        {
+            m_changed = ::CreateEventA(nullptr, TRUE, FALSE, nullptr);
+        }
+        if (!m_key)
+        {
+            ::RegOpenKeyExA(HKEY_CURRENT_USER, kUserFolders, 0, KEY_NOTIFY, &m_key);
+        }
+        return m_key && m_changed && ::ResetEvent(m_changed) &&
+               ::RegNotifyChangeKeyValue(m_key, FALSE, REG_NOTIFY_CHANGE_NAME | REG_NOTIFY_CHANGE_LAST_SET, m_changed,
+                                         TRUE) == ERROR_SUCCESS;
+    }
+
+    static constexpr char kUserFolders[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+
+    HKEY m_key = nullptr;
+    HANDLE m_changed = nullptr; ///< set once the user's folders have changed
+    bool m_watching = false;
+    std::optional<DString> m_desktop;
+    std::optional<DString> m_documents;
+};
+
+/// Makes real paths of the entries of a list.
 class Translator
 {
 public:
-    DString operator()(DString const& entry)
+    void operator()(DString& entry)
     {
-        switch (tavkit::PlaceOf(entry.c_str()))
+        static ShellPlaces places;
+        switch (const tavkit::Place place = tavkit::PlaceOf(entry.c_str()))
         {
         case tavkit::Place::Desktop:
-            return Once(m_desktop, entry);
         case tavkit::Place::Documents:
-            return Once(m_documents, entry);
-        default:
-            return DfltFldrs::TranslateSpecialPath(entry);
+            if (!m_fresh)
+            {
+                places.Refresh();
+                m_fresh = true;
+            }
+            places.Translate(place, entry);
+            break;
+        case tavkit::Place::InstallDir:
+            entry = DfltFldrs::TranslateSpecialPath(entry);
+            break;
+        case tavkit::Place::None:
+            break;
         }
     }
 
 private:
-    static DString Once(std::optional<DString>& path, DString const& entry)
-    {
-        if (!path)
-        {
-            path = DfltFldrs::TranslateSpecialPath(entry);
-        }
-        return *path;
-    }
-
-    std::optional<DString> m_desktop;
-    std::optional<DString> m_documents;
+    bool m_fresh = false; ///< one look is enough for all entries
 };
 
 [[nodiscard]] DUserCnfg OpenHistory() { return {DfltFldrs::kHistorySection, true, false}; }
@@ -147,9 +207,9 @@ void DfltFldrs::SaveDirHist(char const* key, DString const& folder)
     DUserCnfg store = OpenHistory();
     DVectorSafe<DString> history;
     AppendHistoryOf(store, key, history);
-    DVectorSafe<DString> merged = history;
-    AppendDefaultsOf(key, merged);
-    tavkit::PutToFront(history, merged.GetCount(), folder);
+    const auto dflts = m_mapDflt.find(key);
+    const int more = dflts == m_mapDflt.end() ? 0 : tavkit::CountDefaults(history, dflts->second, Translator());
+    tavkit::PutToFront(history, history.GetCount() + more, folder);
     store.WriteString(key, tavkit::JoinFolders(history));
 }
 

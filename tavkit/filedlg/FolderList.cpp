@@ -4,6 +4,8 @@
 
 #include <set>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace tavkit
 {
@@ -18,10 +20,7 @@ constexpr char kDocuments[] = "My Documents";
 
 struct NoCaseLess
 {
-    bool operator()(DString const& left, DString const& right) const noexcept
-    {
-        return CompareNoCase(left.c_str(), right.c_str()) < 0;
-    }
+    bool operator()(char const* left, char const* right) const noexcept { return CompareNoCase(left, right) < 0; }
 };
 
 /// Calls @p take with each non-empty piece of a list, translated.
@@ -30,11 +29,32 @@ void ForEachEntry(DString const& list, FolderTranslator const& translate, Take t
 {
     for (DString::Tokens walk(list, kFolderSeparator); !walk.Done(); walk.Next())
     {
-        if (const DString piece = walk.Crnt(); !piece.IsEmpty())
+        if (DString piece = walk.Crnt(); !piece.IsEmpty())
         {
-            take(translate(piece));
+            translate(piece);
+            take(piece);
         }
     }
+}
+
+/// The entries of a list that aren't among @p folders, each once. Texts that are moved to a new place in memory keep
+/// their address, so they can be looked up by it.
+[[nodiscard]] std::vector<DString> MissingEntries(DVectorSafe<DString> const& folders, DString const& list,
+                                                  FolderTranslator const& translate)
+{
+    std::vector<DString> missing;
+    std::set<char const*, NoCaseLess> known;
+    for (DString const& folder : folders)
+    {
+        known.insert(folder.c_str());
+    }
+    ForEachEntry(list, translate, [&](DString& entry) {
+        if (!entry.IsEmpty() && known.insert(entry.c_str()).second)
+        {
+            missing.push_back(std::move(entry));
+        }
+    });
+    return missing;
 }
 
 } // namespace
@@ -60,13 +80,15 @@ void AppendHistory(DVectorSafe<DString>& folders, DString const& list, FolderTra
 
 void AppendDefaults(DVectorSafe<DString>& folders, DString const& list, FolderTranslator const& translate)
 {
-    std::set<DString, NoCaseLess> known(folders.begin(), folders.end());
-    ForEachEntry(list, translate, [&](DString const& folder) {
-        if (!folder.IsEmpty() && known.insert(folder).second)
-        {
-            folders.Append(folder);
-        }
-    });
+    for (DString const& entry : MissingEntries(folders, list, translate))
+    {
+        folders.Append(entry);
+    }
+}
+
+int CountDefaults(DVectorSafe<DString> const& folders, DString const& list, FolderTranslator const& translate)
+{
+    return static_cast<int>(MissingEntries(folders, list, translate).size());
 }
 
 DString JoinFolders(DVectorSafe<DString> const& folders)

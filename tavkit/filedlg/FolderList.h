@@ -31,8 +31,8 @@ enum class Place
 /// The path of an entry that names Place::InstallDir: the folder without closing separators, and the entry's tail.
 [[nodiscard]] TAVKIT_API DString InstalledPath(DString installDir, DString const& entry);
 
-/// Makes a real path of an entry; an entry that is none comes back as it is.
-using FolderTranslator = std::function<DString(DString const& entry)>;
+/// Makes a real path of an entry that is a token and leaves any other as it is.
+using FolderTranslator = std::function<void(DString& entry)>;
 
 /// Appends every entry of a list, translated. Empty pieces are no entries; nothing else is left out.
 TAVKIT_API void AppendHistory(DVectorSafe<DString>& folders, DString const& list, FolderTranslator const& translate);
@@ -40,6 +40,10 @@ TAVKIT_API void AppendHistory(DVectorSafe<DString>& folders, DString const& list
 /// Appends the entries of a list that aren't there yet, translated and compared without regard to case. Entries that
 /// translate to nothing are left out.
 TAVKIT_API void AppendDefaults(DVectorSafe<DString>& folders, DString const& list, FolderTranslator const& translate);
+
+/// How many entries AppendDefaults would add.
+[[nodiscard]] TAVKIT_API int CountDefaults(DVectorSafe<DString> const& folders, DString const& list,
+                                           FolderTranslator const& translate);
 
 /// The textual form: the entries joined by ";", none at the end.
 [[nodiscard]] TAVKIT_API DString JoinFolders(DVectorSafe<DString> const& folders);

@@ -39,26 +39,31 @@ std::vector<std::string> Texts(Folders const& folders)
 }
 
 /// Tokens get brackets, "gone" becomes nothing.
-DString Marked(DString const& entry)
+void Mark(DString& entry)
 {
     if (entry == "gone")
     {
-        return {};
+        entry = "";
     }
-    return PlaceOf(entry.c_str()) == Place::None ? entry : "<" + entry + ">";
+    else if (PlaceOf(entry.c_str()) != Place::None)
+    {
+        entry = "<" + entry + ">";
+    }
 }
 
 std::vector<std::string> History(char const* list)
 {
     Folders folders;
-    tavkit::AppendHistory(folders, list, Marked);
+    tavkit::AppendHistory(folders, list, Mark);
     return Texts(folders);
 }
 
 std::vector<std::string> Merged(std::vector<char const*> const& history, char const* defaults)
 {
     Folders folders = Of(history);
-    tavkit::AppendDefaults(folders, defaults, Marked);
+    const int more = tavkit::CountDefaults(folders, defaults, Mark);
+    tavkit::AppendDefaults(folders, defaults, Mark);
+    EXPECT_EQ(folders.GetCount(), static_cast<int>(history.size()) + more);
     return Texts(folders);
 }
 
@@ -136,7 +141,7 @@ TEST(FolderDefaults, AMegabyteOfEntriesIsMergedInNoTimeToSpeakOf)
         list += "C:\\" + std::to_string(entries) + ";c:\\" + std::to_string(entries) + ";";
     }
     Folders folders;
-    tavkit::AppendDefaults(folders, list.c_str(), Marked);
+    tavkit::AppendDefaults(folders, list.c_str(), Mark);
     EXPECT_EQ(folders.GetCount(), entries);
     const DString joined = tavkit::JoinFolders(folders);
     EXPECT_EQ(std::ranges::count(std::string_view(joined.c_str()), ';'), entries - 1);

@@ -225,6 +225,27 @@ TEST_F(DefaultFolders, TheShellsFolderIsThereOnceItWasAskedFor)
     EXPECT_NE(::GetFileAttributesA(desktop.c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
+TEST_F(DefaultFolders, AFolderThatTheUserMovesIsSeenAtOnce)
+{
+    constexpr char kUserFolders[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
+    char before[MAX_PATH] = "";
+    DWORD size = sizeof before;
+    DWORD type = REG_NONE;
+    ASSERT_EQ(
+        ::RegGetValueA(HKEY_CURRENT_USER, kUserFolders, "Desktop", RRF_RT_ANY | RRF_NOEXPAND, &type, before, &size),
+        ERROR_SUCCESS);
+    SetDefaults("Desktop");
+    const std::string desktop = Desktop();
+    EXPECT_THAT(Folders(), ElementsAre(desktop));
+    EXPECT_THAT(Folders(), ElementsAre(desktop));
+    const std::string moved = m_temp.MakeFolder("moved");
+    ::RegSetKeyValueA(HKEY_CURRENT_USER, kUserFolders, "Desktop", REG_SZ, moved.c_str(),
+                      static_cast<DWORD>(moved.size() + 1));
+    EXPECT_THAT(Folders(), ElementsAre(moved + "\\"));
+    ::RegSetKeyValueA(HKEY_CURRENT_USER, kUserFolders, "Desktop", type, before, size);
+    EXPECT_THAT(Folders(), ElementsAre(desktop));
+}
+
 TEST_F(DefaultFolders, ASavedFolderIsTheFirstInTheNextProcess)
 {
     DfltFldrs::Instance()->SaveDirHist(kKey, "C:\\One");
