@@ -64,6 +64,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_VIEW_SCALE_BAR, OnViewScaleBar)
     ON_COMMAND(IDM_VIEW_RELOAD, OnViewReload)
     ON_COMMAND(IDM_VIEW_DETAILS, OnViewDetails)
+    ON_COMMAND(IDM_VIEW_HISTOGRAM, OnViewHistogram)
+    ON_COMMAND(IDM_VIEW_PLOT, OnViewPlot)
     ON_COMMAND(IDM_HELP_ABOUT, OnHelpAbout)
     ON_COMMAND_RANGE(IDM_PROJECT_NEW_GROUP, IDM_PROJECT_REMOVE, OnProjectCommand)
     ON_COMMAND(IDM_PROJECT_FIND, OnProjectFind)
@@ -79,6 +81,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_NEXT, OnUpdateNext)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_PREVIOUS, OnUpdatePrevious)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_SCALE_BAR, OnUpdateScaleBar)
+    ON_UPDATE_COMMAND_UI(IDM_VIEW_HISTOGRAM, OnUpdateHistogram)
+    ON_UPDATE_COMMAND_UI(IDM_VIEW_PLOT, OnUpdatePlot)
     ON_UPDATE_COMMAND_UI_RANGE(IDM_PROJECT_NEW_GROUP, IDM_PROJECT_REMOVE, OnUpdateProjectCommand)
     ON_CONTROL(projectChosen, IDC_PROJECT_PANE, OnProjectChosen)
     ON_CONTROL(projectChanged, IDC_PROJECT_PANE, OnProjectChosen) // hidden, or under another label
@@ -92,6 +96,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_NOTIFY(NM_SETFOCUS, IDC_PICTURE_LIST, OnListFocus)
     ON_CONTROL(tablePlaceChanged, IDC_TABLE_PANE, OnTablePlace) // another object is selected
     ON_CONTROL(tableFocus, IDC_TABLE_PANE, OnTableFocus)
+    ON_CONTROL(histogramChosen, IDC_HISTOGRAM_PANE, OnHistogramChosen)
+    ON_CONTROL(plotChosen, IDC_PLOT_PANE, OnPlotChosen)
     ON_MESSAGE(kTellProblem, OnTellProblem)
     ON_BN_CLICKED(IDC_PICTURE_DETAILS, OnViewDetails)
     ON_CONTROL(BN_SETFOCUS, IDC_PICTURE_DETAILS, OnDetailsFocus)
@@ -161,6 +167,8 @@ BOOL MainFrame::CreateParts()
                               place.pixelSize, this, IDC_PIXEL_SIZE) ||
         !m_pixelUnit.Create(kPixelUnit, kPart, place.pixelUnit, this, IDC_PIXEL_UNIT) ||
         !m_table.Create(place.table, this, IDC_TABLE_PANE, &m_font, m_units) ||
+        !m_histogram.Create(this, IDC_HISTOGRAM_PANE, &m_font, m_units) ||
+        !m_plot.Create(this, IDC_PLOT_PANE, &m_font, m_units) ||
         !m_status.CreateEx(0, STATUSCLASSNAMEA, "", kPart | SBARS_SIZEGRIP, CRect(0, 0, 0, 0), this, IDC_STATUS_BAR))
     {
         return FALSE;
@@ -237,6 +245,7 @@ std::string MainFrame::TryTable(const std::string& path)
     }
     m_measured = CurrentPath();
     UpdateMark();
+    m_plot.ShowTable(path);
     return problem;
 }
 
@@ -305,6 +314,7 @@ void MainFrame::ShowCurrent()
         }
     }
     UpdateMark();
+    UpdateHistogram();
     UpdateStatus();
 }
 

@@ -4,10 +4,12 @@
 #include "tavkit/frame/FloatEdit.h"
 #include "tavkit/layout/DynamicWnd.h"
 #include "workbench/FrameLayout.h"
+#include "workbench/HistogramPane.h"
 #include "workbench/PictureInfo.h"
 #include "workbench/PictureList.h"
 #include "workbench/PictureListCtrl.h"
 #include "workbench/PictureView.h"
+#include "workbench/PlotPane.h"
 #include "workbench/ProjectPane.h"
 #include "workbench/Settings.h"
 #include "workbench/TablePane.h"
@@ -66,6 +68,8 @@ protected:
     afx_msg void OnViewScaleBar();
     afx_msg void OnViewReload();
     afx_msg void OnViewDetails();
+    afx_msg void OnViewHistogram();
+    afx_msg void OnViewPlot();
     afx_msg void OnHelpAbout();
     afx_msg void OnProjectCommand(UINT id);
     afx_msg void OnProjectFind();
@@ -80,6 +84,10 @@ protected:
     afx_msg void OnUpdateNext(CCmdUI* command);
     afx_msg void OnUpdatePrevious(CCmdUI* command);
     afx_msg void OnUpdateScaleBar(CCmdUI* command);
+    afx_msg void OnUpdateHistogram(CCmdUI* command);
+    afx_msg void OnUpdatePlot(CCmdUI* command);
+    afx_msg void OnHistogramChosen();
+    afx_msg void OnPlotChosen();
     afx_msg void OnUpdateProjectCommand(CCmdUI* command);
     afx_msg void OnProjectChosen();
     afx_msg void OnProjectFocus();
@@ -116,6 +124,7 @@ private:
     void Select(int index);
     void ShowCurrent();
     void UpdateMark();
+    void UpdateHistogram();
     [[nodiscard]] std::string CurrentPath() const;
     void UpdateStatus();
     void SetStatus(int part, const std::string& text);
@@ -139,6 +148,8 @@ private:
     CFloatEdit m_pixelSize;
     CStatic m_pixelUnit;
     TablePane m_table;
+    HistogramPane m_histogram;
+    PlotPane m_plot;
     CWnd m_status;
     CWnd* m_focus = &m_list; // the part that had the focus last
     PictureList m_pictures;

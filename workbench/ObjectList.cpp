@@ -121,14 +121,38 @@ std::optional<ObjectPlace> ObjectList::SelectedPlace()
     return ParsePlace(x.c_str(), y.c_str());
 }
 
+bool ObjectList::SelectTableRow(int tableRow)
+{
+    ReadAllRows();
+    const auto found = std::lower_bound(m_tableRows.begin(), m_tableRows.end(), tableRow);
+    if (found == m_tableRows.end() || *found != tableRow)
+    {
+        return false;
+    }
+    const int id = static_cast<int>(found - m_tableRows.begin());
+    int row = 0; // sorting has moved it
+    while (row < GetCacheRows() && GetID(row) != id)
+    {
+        ++row;
+    }
+    SetItemState(GetCrntSlct(), 0, LVIS_SELECTED);
+    SetItemState(row, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
+    return EnsureVisible(row, FALSE) != FALSE;
+}
+
 bool ObjectList::OnFilterRow(int tableRow)
 {
-    if (m_columns.category < 0)
+    bool isShown = true;
+    if (m_columns.category >= 0)
     {
-        return true;
+        const char* const name = m_pTable->GetCellText(tableRow, m_columns.category, 0);
+        m_seen.Note(name);
+        isShown = !m_category || *m_category == name;
     }
-    const char* const name = m_pTable->GetCellText(tableRow, m_columns.category, 0);
-    m_seen.Note(name);
-    return !m_category || *m_category == name;
+    if (isShown)
+    {
+        m_tableRows.push_back(tableRow);
+    }
+    return isShown;
 }
 } // namespace workbench

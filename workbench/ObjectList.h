@@ -8,6 +8,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace workbench
 {
@@ -35,6 +36,10 @@ public:
     /// Where the selected object lies; none without a selected row or a place in it.
     [[nodiscard]] std::optional<ObjectPlace> SelectedPlace();
 
+    /// Selects a row by its number in the table, from 0, and scrolls it into view; reads the whole table for that.
+    /// @return false, and nothing done, if the row isn't among those shown
+    bool SelectTableRow(int tableRow);
+
     bool OnFilterRow(int tableRow) override;
 
 private:
@@ -45,7 +50,8 @@ private:
     ObjectColumns m_columns;
     std::optional<std::string> m_category;
     ClassNames& m_seen;
-    CImageList m_rowHeight; ///< holds no image
-    int m_lastWidth = 0;    ///< what the last column's texts need
+    CImageList m_rowHeight;       ///< holds no image
+    std::vector<int> m_tableRows; ///< of the rows that were read and are shown, in the order of the table
+    int m_lastWidth = 0;          ///< what the last column's texts need
 };
 } // namespace workbench

@@ -68,6 +68,23 @@ public:
         }
         return info;
     }
+    [[nodiscard]] std::optional<ChannelValues> Values(int channel, SIZE picture, SIZE size)
+    {
+        if (m_driver == nullptr)
+        {
+            return std::nullopt;
+        }
+        ChannelValues values{m_driver->GetChnlDataType(m_file, channel), size, {}};
+        const auto bytes = tavkit::BytesPerPixel(static_cast<tavkit::PixelType>(values.type));
+        values.bytes.resize(static_cast<size_t>(size.cx) * static_cast<size_t>(size.cy) * static_cast<size_t>(bytes));
+        if (values.bytes.empty() ||
+            !m_driver->ReadBlockRsmpl(m_file, channel, 0.0, 0.0, picture.cx, picture.cy, values.bytes.data(), size.cx,
+                                      size.cy, kResampleMode, true))
+        {
+            return std::nullopt;
+        }
+        return values;
+    }
     /// The step that failed and its cause, each in a line; empty when none failed so far.
     [[nodiscard]] const std::string& Failure() const { return m_failure; }
 
@@ -151,6 +168,11 @@ std::string DescribeFile(const std::string& path)
 } // namespace
 
 std::optional<PictureInfo> ReadPictureInfo(const std::string& path) { return OpenPicture(path).Info(); }
+
+std::optional<ChannelValues> ReadChannel(const std::string& path, int channel, SIZE picture, SIZE size)
+{
+    return OpenPicture(path).Values(channel, picture, size);
+}
 
 std::string DescribeFailure(const std::string& path)
 {

@@ -6,6 +6,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace workbench
 {
@@ -20,6 +21,20 @@ struct PictureInfo
 /// Opens the picture, reads its facts, and tries its last row, so that a file cut short is found out.
 /// @return none when it can't be read.
 [[nodiscard]] std::optional<PictureInfo> ReadPictureInfo(const std::string& path);
+
+/// The values of one channel.
+struct ChannelValues
+{
+    DMITypes::RDIDataType type = DMITypes::rdiUInt8;
+    SIZE size{};                      ///< in values
+    std::vector<unsigned char> bytes; ///< row by row
+};
+
+/// Reads a channel at another size, by its nearest values or their means.
+/// @param channel  counted from 0
+/// @param picture  size in logical pixels
+/// @return none when it can't be read.
+[[nodiscard]] std::optional<ChannelValues> ReadChannel(const std::string& path, int channel, SIZE picture, SIZE size);
 
 /// Looks for the reason why a picture can't be read, and says what there is to know of its file: one fact a line, each
 /// line closed by "\n". For people who know what a file format is.

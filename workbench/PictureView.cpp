@@ -20,6 +20,8 @@ constexpr int kMarkWidth = 3;
 constexpr int kMarkEdge = 5;
 constexpr COLORREF kMarkColor = RGB(255, 255, 0);
 constexpr COLORREF kMarkEdgeColor = RGB(0, 0, 0);
+// The pixels of a marked class.
+constexpr COLORREF kClassColor = RGB(0, 220, 90);
 
 // Measures in parts of the label's height.
 int BarThickness(int labelHeight) { return std::max(2, labelHeight / 4); }
@@ -67,6 +69,7 @@ void PictureView::ShowPicture(const std::string& path, SIZE size)
     m_message.clear();
     m_offerDetails = false;
     m_pictureSize = size;
+    m_classMark.reset();
     Render();
 }
 
@@ -113,6 +116,15 @@ void PictureView::SetMark(const std::optional<ObjectPlace>& mark)
     }
 }
 
+void PictureView::SetClassMark(const std::optional<ClassMark>& mark)
+{
+    if (m_classMark != mark)
+    {
+        m_classMark = mark;
+        Render();
+    }
+}
+
 void PictureView::SetColors(const ViewColors& colors)
 {
     if (m_colors != colors)
@@ -147,6 +159,10 @@ void PictureView::Render()
             m_path.clear();
             m_pictureSize = {};
         }
+        if (HasPicture() && m_classMark)
+        {
+            DrawClassMark(dc);
+        }
         if (!HasPicture())
         {
             DrawMessage(dc, client);
@@ -154,6 +170,20 @@ void PictureView::Render()
     }
     PlaceDetails();
     UpdateScaleBar();
+}
+
+void PictureView::DrawClassMark(CDC& dc)
+{
+    const CRect shown = PictureRect();
+    if (const auto values = ReadChannel(m_path, m_classMark->channel, m_pictureSize, shown.Size()))
+    {
+        CBrush brush(kClassColor);
+        for (CRect run : PixelsOf(*m_classMark, *values))
+        {
+            run.OffsetRect(shown.TopLeft());
+            dc.FillRect(run, &brush);
+        }
+    }
 }
 
 void PictureView::DrawMessage(CDC& dc, CRect room)
@@ -225,6 +255,10 @@ void PictureView::DescribeContent()
     if (m_bar)
     {
         text += ", scale bar " + m_bar->label;
+    }
+    if (HasPicture() && m_classMark)
+    {
+        text += ", values from " + MarkText(*m_classMark) + " marked";
     }
     if (MarkPoint())
     {

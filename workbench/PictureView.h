@@ -1,6 +1,7 @@
 // PictureView.h - the window that shows a picture, with a scale bar over it
 #pragma once
 
+#include "workbench/ClassMark.h"
 #include "workbench/MemoryPicture.h"
 #include "workbench/ObjectPlace.h"
 #include "workbench/ScaleBar.h"
@@ -45,6 +46,8 @@ public:
     void SetColors(const ViewColors& colors);
     /// Marks a place of the picture by a ring around it; one outside the picture gets none.
     void SetMark(const std::optional<ObjectPlace>& mark);
+    /// Marks the pixels of a class of values in one colour, until another picture is shown.
+    void SetClassMark(const std::optional<ClassMark>& mark);
     [[nodiscard]] bool IsScaleBarShown() const { return m_showScaleBar; }
 
 protected:
@@ -58,6 +61,7 @@ protected:
 private:
     [[nodiscard]] CRect PictureRect() const;
     void Render();
+    void DrawClassMark(CDC& dc);
     void DrawMessage(CDC& dc, CRect room);
     void PlaceDetails();
     [[nodiscard]] CSize DetailsSize() const;
@@ -80,6 +84,7 @@ private:
     bool m_showScaleBar = true;
     std::optional<ScaleBar> m_bar; // what fits at present
     std::optional<ObjectPlace> m_mark;
+    std::optional<ClassMark> m_classMark;
     MemoryPicture m_picture; // picture or message at the size of the window
     MemoryPicture m_buffer;  // the same with scale bar and mark, for painting in one step
 };

@@ -190,6 +190,21 @@ void TablePane::FillClasses()
     m_classBox.SetCurSel(chosen == lines.end() ? 0 : static_cast<int>(chosen - lines.begin()));
 }
 
+bool TablePane::SelectTableRow(int tableRow)
+{
+    if (m_list->SelectTableRow(tableRow))
+    {
+        return true;
+    }
+    if (!m_shown.category)
+    {
+        return false;
+    }
+    m_classBox.SetCurSel(0); // all
+    OnClassChosen();
+    return m_list->SelectTableRow(tableRow);
+}
+
 void TablePane::UpdatePlace()
 {
     const std::optional<ObjectPlace> place = m_list->SelectedPlace();

@@ -31,6 +31,10 @@ public:
     [[nodiscard]] std::string OpenTable(const std::string& path);
     /// Where the selected object lies; none without one.
     [[nodiscard]] const std::optional<ObjectPlace>& Place() const { return m_place; }
+    /// Selects a row by its number in the table, from 0, and scrolls it into view. If it is of another class than those
+    /// shown, all are shown again.
+    /// @return false if there is no such row
+    bool SelectTableRow(int tableRow);
     [[nodiscard]] CWnd& List() { return *m_list; }
     [[nodiscard]] CWnd& ClassBox() { return m_classBox; }
 

@@ -99,6 +99,8 @@ void Tour::Run()
         {
             VisitPictures();
             VisitTable();
+            VisitHistogram();
+            VisitPlot();
             VisitSizes();
             VisitPixelSize();
             VisitMenus();
@@ -167,6 +169,11 @@ void Tour::Picture(const std::string& name, const std::string& caption)
         {
             ::UnionRect(&place, &place, &rect);
         }
+    }
+    HWND front = ::GetForegroundWindow();
+    if (RECT rect{}; ::GetWindow(front, GW_OWNER) == m_frame && ::GetWindowRect(front, &rect))
+    {
+        ::UnionRect(&place, &place, &rect);
     }
     ::InflateRect(&place, kPictureMargin, kPictureMargin);
 

@@ -43,6 +43,8 @@ private:
     void VisitPictures();
     void VisitTable();
     void VisitClasses();
+    void VisitHistogram();
+    void VisitPlot();
     void VisitNames();
     void VisitProject();
     void VisitProjectRows(const std::filesystem::path& folder);
@@ -109,6 +111,8 @@ private:
     [[nodiscard]] HWND Focus() const;
     /// A visible top-level window of the program, by class and, unless null, title; null when there is none.
     [[nodiscard]] HWND Popup(const char* className, const char* title) const;
+    /// Waits until a window of that title is shown over the main window; null when it doesn't come in time.
+    HWND AwaitPane(const char* title);
     /// The picture area, its border left out.
     [[nodiscard]] RECT ViewRect() const;
     [[nodiscard]] RECT FrameRect() const;

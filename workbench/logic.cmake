@@ -6,5 +6,6 @@ set(WORKBENCH_LOGIC_SOURCES
     PictureNames.cpp
     Project.cpp
     ScaleBar.cpp
+    TickChoice.cpp
     TourPage.cpp)
 list(TRANSFORM WORKBENCH_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/workbench/")
