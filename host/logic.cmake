@@ -29,6 +29,7 @@ set(HOST_LOGIC_SOURCES
     tables/DbaseTable.cpp
     tables/DelimitedTable.cpp
     tables/ForwardTable.cpp
+    tables/TableBytes.cpp
     tables/TableFormat.cpp
     tables/TextStart.cpp
     tables/TransposedTable.cpp)
