@@ -394,7 +394,9 @@ bool MainFrame::TakeKey(const MSG& message)
     {
         return TakeListKey(message.wParam);
     }
-    if (message.hwnd == m_view.DetailsButton().GetSafeHwnd() && message.wParam == VK_RETURN)
+    const bool isForDetails =
+        message.hwnd == m_view.DetailsButton().GetSafeHwnd() || message.hwnd == m_project.Tree().GetSafeHwnd();
+    if (isForDetails && message.wParam == VK_RETURN)
     {
         OnViewDetails();
         return true;

@@ -229,6 +229,22 @@ TEST_F(WorkbenchProject, TheContextMenuComesByTheKeyboardToo)
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Popup(kMenuClass) == nullptr; }));
 }
 
+TEST_F(WorkbenchProject, EnterTellsTheDetailsOfWhatCannotBeRead)
+{
+    Choose("a.bmp");
+    PressKey(VK_RETURN); // there is nothing to tell
+    WriteFile("broken.tif", "II*");
+    PressKey(VK_F5);
+    ASSERT_TRUE(HasRows("(more+ a.bmp b.bmp broken.tif stack.tif+ t.csv)"));
+    Choose("broken.tif");
+    EXPECT_TRUE(Shows("\"broken.tif\" can't be read."));
+    PressKey(VK_RETURN);
+    ASSERT_TRUE(PumpUntil([&] { return Workbench().Popup(kDialogClass, kTitle) != nullptr; }));
+    PressKey(VK_ESCAPE);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Popup(kDialogClass) == nullptr; }));
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().Tree(); }));
+}
+
 TEST_F(WorkbenchProject, WhatIsHiddenIsNotShown)
 {
     Choose("b.bmp");

@@ -276,7 +276,9 @@ TEST_F(TreeDrag, DropsOnATarget)
     HWND capture = nullptr;
     int cursor = 1;
     HTREEITEM hilight = m_d;
+    bool image = true;
     m_tree->m_onDragEnd = [&](HTREEITEM, HTREEITEM) {
+        image = ImageDragRuns();
         dragging = m_tree->IsInDragMode() && m_tree->IsLeftDrag() && m_tree->GetDragItem() == m_b;
         capture = ::GetCapture();
         cursor = CursorCount();
@@ -289,7 +291,39 @@ TEST_F(TreeDrag, DropsOnATarget)
     EXPECT_EQ(capture, nullptr);
     EXPECT_EQ(cursor, 0);
     EXPECT_EQ(hilight, nullptr);
+    EXPECT_FALSE(image);
     ExpectIdle();
+}
+
+TEST_F(TreeDrag, PaintsTheWholeWindowAnewAtItsBeginAndBeforeTheDrop)
+{
+    m_tree->EnableLeftDrag(true);
+    MoveTo(ScreenPlace(0, -400));
+    support::Press(Button::right);
+    support::Settle();
+    auto const isAllToBePainted = [&] {
+        CRect client;
+        m_tree->GetClientRect(client);
+        CRect update;
+        bool const all = ::GetUpdateRect(m_tree->m_hWnd, update, FALSE) && update == client;
+        int const erased = m_tree->Reached(WM_ERASEBKGND);
+        ::GetUpdateRect(m_tree->m_hWnd, nullptr, TRUE); // erases what is to be erased
+        return all && m_tree->Reached(WM_ERASEBKGND) > erased;
+    };
+    EXPECT_FALSE(isAllToBePainted());
+    NMTREEVIEW info{};
+    info.hdr = {m_tree->m_hWnd, kTreeId, static_cast<UINT>(TVN_BEGINDRAG)};
+    info.itemNew.hItem = m_b;
+    info.ptDrag = ClientPlaceOf(m_b);
+    m_frame->SendMessage(WM_NOTIFY, kTreeId, reinterpret_cast<LPARAM>(&info));
+    EXPECT_TRUE(isAllToBePainted());
+    support::Settle();
+    EXPECT_FALSE(isAllToBePainted());
+    bool atDrop = false;
+    m_tree->m_onDragEnd = [&](HTREEITEM, HTREEITEM) { atDrop = isAllToBePainted(); };
+    Release(Button::right);
+    m_tree->EndDrag(nullptr);
+    EXPECT_TRUE(atDrop);
 }
 
 TEST_F(TreeDrag, OnItselfEndsWithoutADrop)
