@@ -31,19 +31,22 @@ INPUT KeyInput(WORD key, bool up)
     return input;
 }
 
+/// Puts the mouse on a point, and does with its buttons what the flags say.
+INPUT MouseInputAt(POINT screen, DWORD flags)
+{
+    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | flags);
+    // Half a part more, so that the division lands on the same pixel.
+    input.mi.dx = static_cast<LONG>((screen.x * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CXSCREEN));
+    input.mi.dy = static_cast<LONG>((screen.y * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CYSCREEN));
+    return input;
+}
+
 DWORD DownFlag(Button button) { return button == Button::left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN; }
 
 DWORD UpFlag(Button button) { return button == Button::left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP; }
 } // namespace
 
-void MoveMouse(POINT screen)
-{
-    INPUT input = MouseInput(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE);
-    // Half a part more, so that the division lands on the same pixel.
-    input.mi.dx = static_cast<LONG>((screen.x * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CXSCREEN));
-    input.mi.dy = static_cast<LONG>((screen.y * kScreenParts + kScreenParts / 2) / ::GetSystemMetrics(SM_CYSCREEN));
-    Send({input});
-}
+void MoveMouse(POINT screen) { Send({MouseInputAt(screen, 0)}); }
 
 POINT ScreenPoint(HWND window, int x, int y)
 {
@@ -65,14 +68,15 @@ void Release(Button button) { Send({MouseInput(UpFlag(button))}); }
 
 void Click(POINT screen, Button button)
 {
-    MoveMouse(screen);
-    Send({MouseInput(DownFlag(button)), MouseInput(UpFlag(button))});
+    // Press and release carry their place: a late echo of an earlier move, which a busy screen sends, can't misplace
+    // them.
+    Send({MouseInputAt(screen, DownFlag(button)), MouseInputAt(screen, UpFlag(button))});
 }
 
 void DoubleClick(POINT screen)
 {
     Click(screen);
-    Send({MouseInput(MOUSEEVENTF_LEFTDOWN), MouseInput(MOUSEEVENTF_LEFTUP)});
+    Click(screen);
 }
 
 void Click(HWND window, Button button) { Click(CenterOf(window), button); }
