@@ -62,6 +62,7 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_VIEW_NEXT, OnViewNext)
     ON_COMMAND(IDM_VIEW_PREVIOUS, OnViewPrevious)
     ON_COMMAND(IDM_VIEW_SCALE_BAR, OnViewScaleBar)
+    ON_COMMAND(IDM_VIEW_LAYERS, OnViewLayers)
     ON_COMMAND(IDM_VIEW_RELOAD, OnViewReload)
     ON_COMMAND(IDM_VIEW_DETAILS, OnViewDetails)
     ON_COMMAND(IDM_VIEW_HISTOGRAM, OnViewHistogram)
@@ -83,7 +84,9 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_SCALE_BAR, OnUpdateScaleBar)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_HISTOGRAM, OnUpdateHistogram)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_PLOT, OnUpdatePlot)
+    ON_UPDATE_COMMAND_UI(IDM_VIEW_LAYERS, OnUpdateLayers)
     ON_UPDATE_COMMAND_UI_RANGE(IDM_PROJECT_NEW_GROUP, IDM_PROJECT_REMOVE, OnUpdateProjectCommand)
+    ON_CONTROL(layerChosen, IDC_LAYER_WINDOW, OnLayerChosen)
     ON_CONTROL(projectChosen, IDC_PROJECT_PANE, OnProjectChosen)
     ON_CONTROL(projectChanged, IDC_PROJECT_PANE, OnProjectChosen) // hidden, or under another label
     ON_CONTROL(projectFocus, IDC_PROJECT_PANE, OnProjectFocus)
@@ -213,12 +216,14 @@ void MainFrame::OpenPath(const std::string& path)
         const DString folder = file.GetPhysFilePath();
         m_pictures.Load(folder.IsEmpty() ? "." : folder.c_str());
         m_project.Tree().OpenFolder(m_pictures.Folder());
+        UpdateLayers();
         FillList(0);
         OpenTable(path);
         return;
     }
     m_pictures.Load(path);
     m_project.Tree().OpenFolder(m_pictures.Folder());
+    UpdateLayers();
     FillList(std::max(0, m_pictures.Asked()));
 }
 

@@ -5,6 +5,7 @@
 #include "tavkit/layout/DynamicWnd.h"
 #include "workbench/FrameLayout.h"
 #include "workbench/HistogramPane.h"
+#include "workbench/LayerWindow.h"
 #include "workbench/PictureInfo.h"
 #include "workbench/PictureList.h"
 #include "workbench/PictureListCtrl.h"
@@ -66,6 +67,7 @@ protected:
     afx_msg void OnViewNext();
     afx_msg void OnViewPrevious();
     afx_msg void OnViewScaleBar();
+    afx_msg void OnViewLayers();
     afx_msg void OnViewReload();
     afx_msg void OnViewDetails();
     afx_msg void OnViewHistogram();
@@ -88,7 +90,9 @@ protected:
     afx_msg void OnUpdatePlot(CCmdUI* command);
     afx_msg void OnHistogramChosen();
     afx_msg void OnPlotChosen();
+    afx_msg void OnUpdateLayers(CCmdUI* command);
     afx_msg void OnUpdateProjectCommand(CCmdUI* command);
+    afx_msg void OnLayerChosen();
     afx_msg void OnProjectChosen();
     afx_msg void OnProjectFocus();
     afx_msg void OnProjectUnread();
@@ -115,6 +119,7 @@ private:
     [[nodiscard]] std::string TryTable(const std::string& path);
     void TellLater(const std::string& problem);
     void ShowItem(const ProjectItem& item);
+    void UpdateLayers();
     void ShowNoPicture(const std::string& message);
     void ListPictures(const std::string& folder, std::string_view name);
     [[nodiscard]] bool MayDelete(const std::string& name);
@@ -141,6 +146,7 @@ private:
     CFont m_font;
     DialogUnits m_units;
     ProjectPane m_project;
+    LayerWindow m_layers; // made when it is first asked for
     CStatic m_listLabel;
     PictureListCtrl m_list;
     PictureView m_view;

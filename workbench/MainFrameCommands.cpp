@@ -135,6 +135,7 @@ void MainFrame::OnViewReload()
     const std::string name = index < 0 ? "" : m_pictures.Names()[static_cast<size_t>(index)];
     m_pictures.Reload();
     m_project.Tree().Reload();
+    UpdateLayers();
     const int found = IndexOfName(m_pictures.Names(), name);
     const int last = static_cast<int>(m_pictures.Names().size()) - 1;
     FillList(found >= 0 ? found : std::clamp(index, 0, std::max(0, last)));

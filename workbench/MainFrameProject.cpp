@@ -34,6 +34,7 @@ namespace
 
 void MainFrame::OnProjectChosen()
 {
+    UpdateLayers();
     if (const ProjectItem* const chosen = m_project.Tree().Chosen())
     {
         const ProjectItem item = *chosen; // what is shown may tell the project something new

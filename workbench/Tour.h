@@ -49,6 +49,7 @@ private:
     void VisitProject();
     void VisitProjectRows(const std::filesystem::path& folder);
     void VisitProjectDrags();
+    void VisitLayers();
     void VisitProjectSearch(const std::filesystem::path& folder);
     void VisitSizes();
     void VisitPixelSize();
@@ -98,6 +99,8 @@ private:
     [[nodiscard]] static POINT CaptionPoint(HWND list, int column, int nth);
     // Of the project's tree; only rows that aren't folded away are found.
     [[nodiscard]] HWND Tree() const;
+    /// The window of the layers while it is shown, else null.
+    [[nodiscard]] HWND LayerWindow() const;
     [[nodiscard]] HTREEITEM TreeNext(HTREEITEM row, WPARAM relation) const;
     [[nodiscard]] std::string TreeText(HTREEITEM row) const;
     [[nodiscard]] HTREEITEM TreeRow(const std::string& label) const;

@@ -116,6 +116,7 @@ void Tour::VisitProject()
     Await([this] { return Focus() == Tree(); }, "Alt+J goes to the project");
     Picture("project", "The project over the folder: what is shown is chosen.");
 
+    VisitLayers();
     VisitProjectRows(folder);
     VisitProjectDrags();
     VisitProjectSearch(folder);
@@ -127,6 +128,47 @@ void Tour::VisitProject()
     Await([this] { return Focus() == Part(IDC_PICTURE_LIST); }, "Alt+C goes back to the list");
     std::error_code error;
     std::filesystem::remove_all(folder, error);
+}
+
+HWND Tour::LayerWindow() const
+{
+    HWND window = nullptr;
+    while ((window = ::FindWindowExA(nullptr, window, nullptr, nullptr)) != nullptr)
+    {
+        if (::GetWindow(window, GW_OWNER) == m_frame && ::IsWindowVisible(window) &&
+            ::GetDlgItem(window, IDC_LAYER_LIST) != nullptr)
+        {
+            return window;
+        }
+    }
+    return nullptr;
+}
+
+void Tour::VisitLayers()
+{
+    PressKey('L', {VK_CONTROL});
+    if (!Await([this] { return LayerWindow() != nullptr; }, "Ctrl+L shows the layers"))
+    {
+        return;
+    }
+    const auto hasTitle = [this](const char* title) { return TextOf(LayerWindow()) == title; };
+    Await([&] { return hasTitle("Layers: 4 images, 1 table, 0 results"); }, "the layers of the project are counted");
+    const HWND list = ::GetDlgItem(LayerWindow(), IDC_LAYER_LIST);
+    const RECT place = PlaceOf(list);
+    constexpr int kSecondRow = 52;
+    constexpr int kCaption = 90;
+    constexpr int kMinus = 21; // from the right
+    MoveMouse({place.right - kMinus, place.top + kSecondRow});
+    Picture("layers", "The layers of the project in groups; the mouse is over a minus.");
+    Click(POINT{place.left + kCaption, place.top + kSecondRow});
+    Await([this] { return ViewText().find("cell8.tif") != std::string::npos; }, "a card shows its picture");
+    Click(POINT{place.right - kMinus, place.top + kSecondRow});
+    Await([&] { return hasTitle("Layers: 3 images, 1 table, 0 results"); }, "the minus takes a layer out");
+    Picture("layers-removed", "A layer is taken out; the plus of its group offers it again.");
+    PressKey(VK_ESCAPE);
+    Await([this] { return LayerWindow() == nullptr; }, "Esc hides the layers");
+    PressKey('J', {VK_MENU});
+    Await([this] { return Focus() == Tree(); }, "the project has the focus again");
 }
 
 void Tour::VisitProjectRows(const std::filesystem::path& folder)

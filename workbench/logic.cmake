@@ -1,6 +1,7 @@
 # Sources of the workbench that know no window and no platform; the native tests build them too.
 set(WORKBENCH_LOGIC_SOURCES
     FrameLayout.cpp
+    Layers.cpp
     ObjectPlace.cpp
     Options.cpp
     PictureNames.cpp
