@@ -19,9 +19,9 @@ struct GroupLook
 };
 
 constexpr std::array kGroups{
-    GroupLook{LayerGroup::images, "images", RGB(196, 220, 244), RGB(74, 120, 172), IDI_LAYER_IMAGE},
-    GroupLook{LayerGroup::tables, "tables", RGB(210, 232, 206), RGB(88, 146, 92), IDI_LAYER_TABLE},
-    GroupLook{LayerGroup::results, "results", RGB(250, 226, 188), RGB(204, 132, 44), IDI_LAYER_RESULT},
+    GroupLook{LayerGroup::images, "Images", RGB(196, 220, 244), RGB(74, 120, 172), IDI_LAYER_IMAGE},
+    GroupLook{LayerGroup::tables, "Tables", RGB(210, 232, 206), RGB(88, 146, 92), IDI_LAYER_TABLE},
+    GroupLook{LayerGroup::results, "Results", RGB(250, 226, 188), RGB(204, 132, 44), IDI_LAYER_RESULT},
 };
 
 [[nodiscard]] const GroupLook& LookOf(LayerGroup group) { return kGroups[static_cast<std::size_t>(group)]; }
