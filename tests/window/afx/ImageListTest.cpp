@@ -37,6 +37,21 @@ TEST_F(ImageListTest, ABitmapResourceIsCutIntoPictures)
     EXPECT_EQ(canvas.At(11, 11), kBlue);
 }
 
+TEST_F(ImageListTest, ABitmapResourceKeepsItsColours)
+{
+    constexpr UINT kPlainBitmap = 7705;
+    constexpr COLORREF kColor = RGB(102, 140, 227); // none of the sixteen that every screen has
+    for (const COLORREF mask : {COLORREF{CLR_NONE}, kMagenta})
+    {
+        CImageList list;
+        ASSERT_TRUE(list.Create(kPlainBitmap, kCell, 1, mask));
+        MemoryCanvas canvas(kGreen);
+        EXPECT_TRUE(list.Draw(&canvas.dc, 0, CPoint(0, 0), ILD_NORMAL));
+        EXPECT_EQ(canvas.At(0, 0), kColor);
+        EXPECT_EQ(canvas.At(1, 1), kColor);
+    }
+}
+
 TEST_F(ImageListTest, AMissingBitmapResourceLeavesTheListAsItWas)
 {
     CImageList list;
