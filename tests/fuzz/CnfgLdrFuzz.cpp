@@ -16,7 +16,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
     const bool loaded = loader->Load(path.c_str());
     const DString folders = loader->GetDfltFldr("Images", "dflt");
     CnfgLdr::TextBlock const* const block = loader->GetTextBlock("About");
-    const bool clean = folders == "dflt" && !block;
+    const bool clean = folders == "dflt" && !block && loader->GetPlugins().empty() && loader->GetCustImports().empty();
     if ((!loaded && !clean) || (block && (!block->pszFont || std::strlen(block->pszFont) > size)))
     {
         std::abort();
