@@ -6,7 +6,7 @@ execute_process(COMMAND "${RUN}" "${BENCH}" cards nonsense RESULT_VARIABLE code 
 if(NOT code EQUAL 1)
     message(FATAL_ERROR "An unknown task ended with ${code} in place of 1:\n${output}")
 endif()
-if(NOT output MATCHES "There is no task \"nonsense\"\\.[ \n]+The tasks are:[ \n]+cards[ \n]+dispatch[ \n]+histogram[ \n]+image")
+if(NOT output MATCHES "There is no task \"nonsense\"\\.[ \n]+The tasks are:[ \n]+cards[ \n]+dispatch[ \n]+")
     message(FATAL_ERROR "An unknown task isn't answered with the list of tasks:\n${output}")
 endif()
 if(EXISTS "${OUT}/bench.tsv")
