@@ -205,7 +205,7 @@ private:
     LRESULT ChangeItems(UINT message, WPARAM wParam, LPARAM lParam);
     void ForgetItems(HTREEITEM root, bool rootToo);
     void SetGlyph(HTREEITEM item, int image);
-    [[nodiscard]] bool HasImages() const;
+    [[nodiscard]] bool HasImages();
 
     tavkit::DragKind m_nDragKind;
     CTavImageList m_imgList;

@@ -155,7 +155,8 @@ void CTavTreeCtrl::ForgetItems(HTREEITEM root, bool rootToo)
 
 // Glyphs
 
-bool CTavTreeCtrl::HasImages() const { return ::SendMessageA(m_hWnd, TVM_GETIMAGELIST, TVSIL_NORMAL, 0) != 0; }
+// Asks the control behind the message maps: every item that is added asks.
+bool CTavTreeCtrl::HasImages() { return CTreeCtrl::DefWindowProc(TVM_GETIMAGELIST, TVSIL_NORMAL, 0) != 0; }
 
 void CTavTreeCtrl::InitImages()
 {

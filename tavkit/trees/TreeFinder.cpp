@@ -53,6 +53,17 @@ HTREEITEM TreeFinder::Find(WindowTree const& tree, DWORD_PTR data, HTREEITEM roo
     {
         Learn(tree);
     }
+    try
+    {
+        if (!CatchUp())
+        {
+            Forget();
+        }
+    }
+    catch (std::bad_alloc const&)
+    {
+        Forget(); // there is always the walk
+    }
     if (!m_learned)
     {
         return Walk(tree, data, root);
@@ -91,8 +102,7 @@ HTREEITEM TreeFinder::Walk(WindowTree const& tree, DWORD_PTR data, HTREEITEM roo
 
 void TreeFinder::Learn(WindowTree const& tree)
 {
-    m_index.Clear();
-    m_walked = 0;
+    Forget();
     try
     {
         LearnedTree const learned(tree, m_index);
@@ -214,24 +224,39 @@ bool TreeFinder::Follow(WindowTree const& tree, Change const& change, LRESULT re
         {
             return true;
         }
-        return m_index.Insert(item, change.item,
-                              change.hasData ? static_cast<DWORD_PTR>(change.data) : tree.Data(item));
+        m_inserted.push_back(
+            {item, change.item, change.hasData ? static_cast<DWORD_PTR>(change.data) : tree.Data(item)});
+        return true;
     }
     case TVM_SETITEMA:
     case TVM_SETITEMW:
         // What the control now says: versions of it differ in how they answer the message.
-        return !change.hasData || m_index.SetValue(change.item, tree.Data(change.item));
+        return !change.hasData || (CatchUp() && m_index.SetValue(change.item, tree.Data(change.item)));
     case TVM_DELETEITEM:
         if (result == 0)
         {
             return false;
         }
-        return change.item == nullptr || m_index.Erase(change.item);
+        return change.item == nullptr || (CatchUp() && m_index.Erase(change.item));
     case TVM_EXPAND: // all below went, or the parent has forbidden it
-        return tree.Child(change.item) != nullptr || m_index.EraseBelow(change.item);
+        return tree.Child(change.item) != nullptr || (CatchUp() && m_index.EraseBelow(change.item));
     default:
         return true; // sorting moves items among their brothers only
     }
+}
+
+// Takes what was inserted into the index. @return false if it contradicts the index, which can't be kept then
+bool TreeFinder::CatchUp()
+{
+    for (Inserted const& each : m_inserted)
+    {
+        if (!m_index.Insert(each.item, each.parent, each.data))
+        {
+            return false;
+        }
+    }
+    m_inserted = std::vector<Inserted>(); // with its memory
+    return true;
 }
 
 void TreeFinder::Restart() noexcept
@@ -243,6 +268,7 @@ void TreeFinder::Restart() noexcept
 void TreeFinder::Forget() noexcept
 {
     m_index.Clear();
+    m_inserted.clear();
     m_firsts.clear();
     m_learned = false;
     m_walked = 0;

@@ -4,6 +4,7 @@
 #include <afxcmn.h>
 #include <cstddef>
 #include <unordered_map>
+#include <vector>
 #include "tavkit/trees/TreeIndex.h"
 #include "tavkit/trees/WindowTree.h"
 
@@ -14,8 +15,9 @@ namespace tavkit
 /// changes items, around the message (Change), which keeps the index true. Where it can't be kept true (a change inside
 /// a change, or one that contradicts the index) it is dropped. Then items are walked to, which costs three messages an
 /// item, and the control takes the longer over each the more items it has; when the walks have come to the cost of
-/// learning the whole tree, it is learned. Among several items with one value the first is walked to, and remembered
-/// until anything changes.
+/// learning the whole tree, it is learned. Insertions are only noted until somebody asks, so that filling a tree costs
+/// no more than it must. Among several items with one value the first is walked to, and remembered until anything
+/// changes.
 class TreeFinder
 {
 public:
@@ -48,8 +50,18 @@ private:
     void Learn(WindowTree const& tree);
     void Forget() noexcept;
     [[nodiscard]] bool Follow(WindowTree const& tree, Change const& change, LRESULT result);
+    [[nodiscard]] bool CatchUp();
+
+    /// An item that the index doesn't know yet.
+    struct Inserted
+    {
+        HTREEITEM item;
+        HTREEITEM parent;
+        DWORD_PTR data;
+    };
 
     TreeIndex m_index;
+    std::vector<Inserted> m_inserted;                  // in the order in which they came
     std::unordered_map<DWORD_PTR, HTREEITEM> m_firsts; // of values that several items have
     bool m_met = false;                                // it is known whether the tree was empty at first
     bool m_learned = false;                            // the index is true
