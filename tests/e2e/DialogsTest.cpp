@@ -60,21 +60,6 @@ protected:
         }
         return came ? dialog : nullptr;
     }
-    /// Clicks a window until it has taken the click: the screen may still be busy with showing it at the first.
-    [[nodiscard]] static bool ClickUntil(HWND window, const std::function<bool()>& taken)
-    {
-        constexpr int kAttempts = 5;
-        constexpr std::chrono::milliseconds kPatience{2000};
-        for (int attempt = 0; attempt < kAttempts; ++attempt)
-        {
-            Click(window);
-            if (PumpUntil(taken, kPatience))
-            {
-                return true;
-            }
-        }
-        return false;
-    }
     [[nodiscard]] static bool IsGone(HWND window)
     {
         return PumpUntil([&] { return !::IsWindow(window); });

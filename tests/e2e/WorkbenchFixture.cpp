@@ -1,5 +1,6 @@
 #include "WorkbenchFixture.h"
 
+#include <chrono>
 #include <cstring>
 #include <fstream>
 
@@ -144,6 +145,21 @@ bool WorkbenchTest::Shows(const std::string& text)
 bool WorkbenchTest::ViewHolds(const std::string& text)
 {
     return support::PumpUntil([&] { return Workbench().ViewText().find(text) != std::string::npos; });
+}
+
+bool WorkbenchTest::ClickUntil(HWND window, const std::function<bool()>& taken)
+{
+    constexpr int kAttempts = 5;
+    constexpr std::chrono::milliseconds kPatience{2000};
+    for (int attempt = 0; attempt < kAttempts; ++attempt)
+    {
+        support::Click(window);
+        if (support::PumpUntil(taken, kPatience))
+        {
+            return true;
+        }
+    }
+    return false;
 }
 
 std::string Quoted(const std::filesystem::path& path)

@@ -5,6 +5,7 @@
 #include "support/WindowTest.h"
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -35,6 +36,8 @@ protected:
     [[nodiscard]] bool Shows(const std::string& text);
     /// Waits until the view's text holds that.
     [[nodiscard]] bool ViewHolds(const std::string& text);
+    /// Clicks a window until it has taken the click: the screen may still be busy with showing it at the first.
+    [[nodiscard]] static bool ClickUntil(HWND window, const std::function<bool()>& taken);
 
 private:
     std::unique_ptr<WorkbenchProcess> m_workbench;
