@@ -10,6 +10,8 @@
 class TmtcListCtrl::Elmt
 {
 public:
+    using EMouseEvnt = tavkit::thematic::EMouseEvnt;
+    using ECommand = tavkit::thematic::ECommand;
     using enum tavkit::thematic::EMouseEvnt;
     using enum tavkit::thematic::ECommand;
 
@@ -71,6 +73,7 @@ private:
 class TAVKIT_API TmtcListCtrl::Elmt::DrawElmt
 {
 public:
+    using EMouseEvnt = tavkit::thematic::EMouseEvnt;
     using enum tavkit::thematic::EMouseEvnt;
 
     /// An empty rectangle, enabled.

@@ -89,7 +89,10 @@ void TmtcListCtrl::Group::Insert(Item* pItem, int nPos)
 
 void TmtcListCtrl::Group::RmvItem(Item* pItem, bool bDelete)
 {
-    RemoveAt(m_vecItem, IndexOf(pItem));
+    if (RemoveAt(m_vecItem, IndexOf(pItem)))
+    {
+        m_vecItem.m_pData[m_vecItem.GetCount()] = nullptr; // Get() may ask for the place that became free
+    }
     if (bDelete)
     {
         delete pItem;

@@ -516,7 +516,7 @@ void TmtcListCtrl::OnRmvItem(Group* pGrp, Item* pItem)
     }
     if (pGrp == nullptr)
     {
-        if (!handled.IsListGone())
+        if (!handled.IsListGone() && handled.Second() != nullptr)
         {
             Rmv(pItem);
         }

@@ -475,6 +475,20 @@ TEST_F(TmtcGroup, ACaptionMayBeMissing)
     EXPECT_STREQ(item->GetText(), "");
 }
 
+TEST_F(TmtcGroup, AskingForThePlaceOfARemovedItemGivesNone)
+{
+    const std::unique_ptr<Group> group(NewGroup());
+    Item* const gone = NewItem();
+    const std::unique_ptr<Item> kept(NewItem());
+    group->AddTail(gone);
+    group->AddTail(kept.get());
+    group->RmvItem(gone, true);
+    group->RmvItem(kept.get(), false);
+    EXPECT_EQ(group->Get(1), nullptr);
+    EXPECT_EQ(group->Get(0), nullptr);
+    EXPECT_EQ(group->GetNumItem(), 2);
+}
+
 TEST_F(TmtcGroup, AskingPastTheEndGivesPlacesWithoutItemsThatAreSkipped)
 {
     Open();
