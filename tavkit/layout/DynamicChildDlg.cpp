@@ -176,14 +176,14 @@ void cdxCDynamicChildDlg::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScroll
     }
 }
 
-BOOL cdxCDynamicChildDlg::OnMouseWheel(UINT nFlags, short zDelta, CPoint pt)
+BOOL cdxCDynamicChildDlg::OnMouseWheel(UINT, short zDelta, CPoint)
 {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
     info.fMask = SIF_ALL;
     if (!HasBar(SB_VERT) || !::GetScrollInfo(m_hWnd, SB_VERT, &info))
     {
-        return cdxCDynamicDialog::OnMouseWheel(nFlags, zDelta, pt);
+        return FALSE; // the default passes it to the parent
     }
     const int target = info.nPos - zDelta * WheelNotch(static_cast<int>(info.nPage)) / WHEEL_DELTA;
     ScrollTo(SB_VERT, tavkit::NextScrollPos(RangeOf(info), info.nPos, ScrollStep::toThumb, ScrollLine, target));
