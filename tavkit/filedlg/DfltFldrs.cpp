@@ -11,6 +11,7 @@
 #include <shlobj.h>
 
 #include <optional>
+#include <utility>
 
 namespace
 {
@@ -59,11 +60,18 @@ public:
     void Translate(tavkit::Place place, DString& entry)
     {
         std::optional<DString>& path = place == tavkit::Place::Desktop ? m_desktop : m_documents;
-        if (!path || !m_watching)
+        if (m_watching && path && ::GetFileAttributesA(path->c_str()) != INVALID_FILE_ATTRIBUTES)
         {
-            path = DfltFldrs::TranslateSpecialPath(entry);
+            entry = *path;
+            return;
         }
-        entry = *path;
+        path.reset();
+        DString translated = DfltFldrs::TranslateSpecialPath(entry);
+        if (!(translated == entry)) // a refusal is no answer to keep
+        {
+            path = translated;
+        }
+        entry = std::move(translated);
     }
 
 private:

@@ -123,6 +123,10 @@ DString FileDlg::GetImgDrvrID()
 
 void FileDlg::SortData()
 {
+    if (m_vecFiles.GetCount() < 2)
+    {
+        return;
+    }
     // A name is asked for once, not at every comparison: each may open a repository.
     std::vector<std::pair<DString, BDIMoniker*>> named;
     named.reserve(static_cast<std::size_t>(m_vecFiles.GetCount()));

@@ -60,7 +60,7 @@ public:
 
     FileDlg();
     /// @param caption  title of the dialog
-    explicit FileDlg(CString const& caption);
+    FileDlg(CString const& caption);
     FileDlg(FileDlg const& other);
     FileDlg& operator=(FileDlg const& other);
     /// Deletes the monikers that are left and the formats of plug-ins.
