@@ -162,9 +162,10 @@ void TmtcListCtrl::Elmt::Hyperlink::Draw(CDC* pDC, bool) const
     {
         oldColor = pDC->SetTextColor(kLinkColor);
     }
+    RECT rect = m_rect;
+    if (!::IsRectEmpty(&rect)) // a place without size holds no text, but Wine underlines it there
     {
         const SelectScope font(*pDC, *GetFont());
-        RECT rect = m_rect;
         pDC->DrawText(m_strText, &rect, DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_END_ELLIPSIS);
     }
     pDC->SetTextColor(oldColor);

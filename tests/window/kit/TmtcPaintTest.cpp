@@ -111,6 +111,21 @@ TEST_F(TmtcPaint, ABarRunsFromItsFirstColourToItsSecond)
     EXPECT_EQ(picture.At(16, 68), kOutlineGrey);
 }
 
+TEST_F(TmtcPaint, AGroupWithItemsShowsNothingOfItsLink)
+{
+    Open();
+    AddGroup(1)->SetEnblAdd(true);
+    Picture picture(kWidth, kHeight, 0);
+    Take(picture);
+    for (int y = 0; y < kHeight; ++y)
+    {
+        for (int x = 0; x < kWidth; ++x)
+        {
+            ASSERT_NE(picture.At(x, y), RGB(0, 0, 255)) << x << ", " << y;
+        }
+    }
+}
+
 TEST_F(TmtcPaint, TheSelectedCardHasAGoldOutlineOfTwoPixels)
 {
     Open();
