@@ -9,6 +9,7 @@ set(TAVKIT_LOGIC_SOURCES
     drawing/MsgBoxLayout.cpp
     drawing/NearestScale.cpp
     drawing/TextBlockMarks.cpp
+    filedlg/FileQuestion.cpp
     filedlg/FolderList.cpp
     filedlg/FormatCatalogue.cpp
     filedlg/FormatOffer.cpp

@@ -24,7 +24,7 @@ template <DString DFileFrmt::*Text>
     return found == offer.end() ? nullptr : *found;
 }
 
-/// What the format's GetFilter appends.
+/// Room that the format's GetFilter needs.
 [[nodiscard]] std::size_t FilterLength(DFileFrmt const& format) noexcept
 {
     return std::strlen(format.m_strName.c_str()) + std::strlen(format.m_strPattern.c_str()) + kBarsOfFormat;
@@ -95,14 +95,14 @@ int BuildFilterText(FormatOffer const& offer, std::span<char> buffer)
     int taken = 0;
     for (DFileFrmt const* const format : offer)
     {
-        const std::size_t length = FilterLength(*format);
-        if (length > room)
+        if (FilterLength(*format) > room)
         {
             break;
         }
         format->GetFilter(end);
-        end += length;
-        room -= length;
+        const std::size_t written = std::strlen(end);
+        end += written;
+        room -= written;
         ++taken;
     }
     FinishFilterText(end);

@@ -7,6 +7,7 @@
 #include <memory>
 #include <vector>
 
+class CFileDialog;
 class CFrameWnd;
 class CWinThread;
 class CWnd;
@@ -39,6 +40,7 @@ struct AFX_THREAD_STATE
     MSG m_lastSentMsg = {};                     // message that is being handled; saved and restored by dispatch
     MSG m_msgCur = {};                          // message that the pump took last
     CWnd* m_pWndInit = nullptr;                 // object that waits for its window
+    CFileDialog* m_pFileDialogInit = nullptr;   // the same for the panel of a file dialog
     HHOOK m_hHookCreate = nullptr;              // creation hook, while m_pWndInit waits
     HHOOK m_hHookMsgFilter = nullptr;           // looks into the system's own modal loops
     HWND m_hLockoutNotifyWindow = nullptr;      // window whose controls' notifications are ignored at present
