@@ -65,3 +65,4 @@
 #include "tavkit/trees/TreeCtrlItr.h"
 #include "tavkit/trees/TreeCursor.h"
 #include "tavkit/widgets/HyperLink.h"
+#include "tavkit/widgets/TavComboBox.h"

@@ -23,5 +23,6 @@ set(TAVKIT_LOGIC_SOURCES
     lists/RowText.cpp
     lists/ScanDouble.cpp
     thematic/CardLayout.cpp
-    trees/TreeIndex.cpp)
+    trees/TreeIndex.cpp
+    widgets/ComboCompletion.cpp)
 list(TRANSFORM TAVKIT_LOGIC_SOURCES PREPEND "${PROJECT_SOURCE_DIR}/tavkit/")
