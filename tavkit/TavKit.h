@@ -42,6 +42,7 @@
 #include "tavkit/drawing/TextBlock.h"
 #include "tavkit/drawing/XMessageBox.h"
 #include "tavkit/filedlg/DfltFldrs.h"
+#include "tavkit/filedlg/DlgSlctDir.h"
 #include "tavkit/filedlg/FileDlg.h"
 #include "tavkit/frame/FloatEdit.h"
 #include "tavkit/frame/Module.h"
