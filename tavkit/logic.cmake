@@ -14,6 +14,7 @@ set(TAVKIT_LOGIC_SOURCES
     filedlg/FormatCatalogue.cpp
     filedlg/FormatOffer.cpp
     filedlg/NodeCursor.cpp
+    filedlg/OpenerRules.cpp
     filedlg/Resolution.cpp
     layout/WindowRecord.cpp
     lists/AttrCache.cpp

@@ -1,8 +1,9 @@
-// FileDlg.cpp - the offer of formats and the result
+// FileDlg.cpp - the offer of formats, the question and the result
 #include "tavkit/filedlg/FileDlg.h"
 #include "tavkit/filedlg/FormatCatalogue.h"
 #include "tavkit/filedlg/FormatOffer.h"
 
+#include "tavkit/frame/services/BaseFuncs.h"
 #include "tavkit/frame/services/Report.h"
 #include "tavkit/frame/services/Wksp.h"
 
@@ -59,13 +60,18 @@ FileDlg::FileDlg(FileDlg const& other) = default;
 FileDlg& FileDlg::operator=(FileDlg const& other) = default;
 FileDlg::~FileDlg() { Reset(); }
 
-void FileDlg::Reset()
+void FileDlg::DeleteFiles()
 {
     for (int i = m_vecFiles.GetCount() - 1; i >= 0; --i)
     {
         delete m_vecFiles[i];
     }
     m_vecFiles.Clear();
+}
+
+void FileDlg::Reset()
+{
+    DeleteFiles();
     for (DFileFrmt const* const format : m_lstPluginFrmts)
     {
         delete format;
@@ -152,6 +158,14 @@ void FileDlg::AddDscr(DFileFrmt* format, bool sorted)
     }
 }
 
+void FileDlg::OfferAll(std::initializer_list<DFileFrmt*> formats)
+{
+    for (DFileFrmt* const format : formats)
+    {
+        AddDscr(format, false);
+    }
+}
+
 void FileDlg::RmvDscr(DFileFrmt* format) { tavkit::RemoveFormat(m_vecDscr, format); }
 
 DFileFrmt* FileDlg::GetFormat(char const* id)
@@ -174,16 +188,10 @@ DFileFrmt* FileDlg::GetFormatByName(char const* name)
 
 void FileDlg::SetFormat(FileDlg::EFormat format, int mode)
 {
-    const auto offer = [&](std::initializer_list<DFileFrmt*> formats) {
-        for (DFileFrmt* const each : formats)
-        {
-            AddDscr(each, false);
-        }
-    };
     const auto begin = [&](DFileFrmt& first, std::initializer_list<DFileFrmt*> others = {}) {
         m_pFrmt = &first;
-        offer({&first});
-        offer(others);
+        OfferAll({&first});
+        OfferAll(others);
     };
     switch (format)
     {
@@ -191,14 +199,14 @@ void FileDlg::SetFormat(FileDlg::EFormat format, int mode)
         begin(tavkit::FileFrmtAscii, {&tavkit::FileFrmtDBase});
         if (mode == kLoad)
         {
-            offer({&tavkit::FileFrmtCSV, &tavkit::FileFrmtAll});
+            OfferAll({&tavkit::FileFrmtCSV, &tavkit::FileFrmtAll});
         }
         break;
     case frmtCSV:
         begin(tavkit::FileFrmtCSV, {&tavkit::FileFrmtTCSV});
         if (mode == kSave)
         {
-            offer({&tavkit::FileFrmtAscii});
+            OfferAll({&tavkit::FileFrmtAscii});
         }
         break;
     case frmtShape:
@@ -236,12 +244,45 @@ void FileDlg::InitFilter(char* buffer) const { tavkit::InitFilterText(buffer); }
 
 void FileDlg::FinishFilter(char* buffer) const { tavkit::FinishFilterText(buffer); }
 
-char const* FileDlg::BuildFilter() const
+char const* FileDlg::BuildFilter(int* offered) const
 {
-    const int missing = m_vecDscr.GetCount() - tavkit::BuildFilterText(m_vecDscr, g_filter);
+    const int taken = tavkit::BuildFilterText(m_vecDscr, g_filter);
+    if (offered)
+    {
+        *offered = taken;
+    }
+    const int missing = m_vecDscr.GetCount() - taken;
     if (missing > 0)
     {
         Report::UserWarning("FileDlg::ShowFileDlg: too many file types, the last %d are not offered", missing);
     }
     return g_filter;
+}
+
+bool FileDlg::ShowFileDlg(int mode, char const* key)
+{
+    DeleteFiles();
+    if (m_vecDscr.IsEmpty())
+    {
+        WarnOfNoFormats();
+        return false;
+    }
+    if (!m_pFrmt)
+    {
+        m_pFrmt = tavkit::FindByPattern(m_vecDscr, StripExtn(m_strInitFile).c_str());
+    }
+    if (!m_pFrmt)
+    {
+        m_pFrmt = m_vecDscr[0];
+    }
+    int offered = 0;
+    char const* const filter = BuildFilter(&offered);
+    // By name: a format that isn't on offer itself stands for one that is called the same.
+    const int index = tavkit::IndexOfName(m_vecDscr, offered, m_pFrmt->m_strName.c_str());
+    if (!OpenMFCFileDlg(mode, filter, index, m_pFrmt->m_strPattern.c_str(), key))
+    {
+        return false;
+    }
+    SortData();
+    return true;
 }

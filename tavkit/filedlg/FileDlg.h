@@ -12,6 +12,15 @@
 #include "tavkit/frame/services/DString.h"
 #include "tavkit/frame/services/DVector.h"
 
+#include <initializer_list>
+
+namespace tavkit
+{
+struct OwnData;
+struct Titles;
+enum class TitleRule;
+} // namespace tavkit
+
 /// One question for files: which formats are offered, and what came of it. The result is a list of monikers that the
 /// object owns until GetFileRmv hands one over. `mode` is 0 for loading and 1 for saving everywhere; other values are
 /// neither.
@@ -87,6 +96,85 @@ public:
     /// @param format  to begin with; borrowed
     void SetFormat(DFileFrmt* format);
 
+    // Openers: each asks for one kind of data. They answer true if the result stands, and false if the user cancelled
+    // or there is nothing to ask for: a format of the workbench's own that is null shows no dialog. The initial file
+    // that was set is kept; without one most begin in the folder that was last used for that kind of data, and store
+    // the folder of the first result. Null texts are empty. After a question that was cancelled nothing is stored.
+
+    /// Asks with a filter text of the caller's.
+    /// @param filter  every name and every pattern with a bar behind it; may be null. The formats on offer play no
+    /// part.
+    /// @param defExt  the first pattern that contains it is preselected; null for the initial file's extension
+    bool OpenFileDlg(int mode, char const* filter, char const* defExt);
+    /// Asks with a ready-made offer and all files.
+    /// @param file  name to begin with; may be null
+    /// @param dir   folder to begin with, unless one is stored; may be null
+    /// @param key   the folder is stored under it in the profile; null or empty for no folder
+    bool Open(int mode, FileDlg::EFormat format, char const* file, char const* dir, char const* key);
+    /// The same with the extension of the file's name for a format. GetFormat() isn't to be used afterwards.
+    bool Open(int mode, char const* file, char const* dir, char const* key);
+    /// Asks for files of any kind; no folder is stored.
+    bool OpenAll(int mode);
+
+    // The workbench's own data
+
+    bool OpenAnlySltn(int mode);
+    bool OpenDMDatabase(int mode);
+    /// For loading, whatever panel was set gives way to the one with "Project-Edit" and "Read-Only".
+    bool OpenWorkspace(int mode);
+    bool OpenTMAMatch(int mode);
+    bool OpenTMAGridLayt(int mode);
+    bool OpenPltLayt(int mode);
+    bool OpenTextSttng(int mode);
+    bool OpenDoseDilutionSec(int mode);
+    bool OpenPrjct(int mode);
+    bool OpenClssHrchy(int mode);
+    bool OpenClssHrchyUser(int mode);
+    bool OpenProcess(int mode);
+    bool OpenJobSqnce(int mode);
+    bool OpenPrtcl(int mode);
+    bool OpenUserProps(int mode);
+    /// An initial file without a folder is looked for in the stored one.
+    /// @param caption  null for the usual one
+    bool OpenParamSet(int mode, char const* caption);
+    /// Loads. The folder used last goes before the default one, which is only read.
+    bool OpenWzrd();
+    /// Asks for rule sets of all kinds at once. There is no chosen format afterwards.
+    /// @param bJobSqnce  job sequences too
+    bool OpenAllRuleset(int mode, bool bJobSqnce);
+
+    // Data that the caller calls by a name, which stands behind "Load " or "Save " in the caption
+
+    bool OpenTableData(int mode, CString const& label);
+    bool OpenTiffData(int mode, CString const& label);
+    bool OpenXMLData(int mode, CString const& label);
+    bool OpenArcSDEConnFile(int mode, CString const& label);
+
+    // Data in the formats that plug-ins bring, or without a manager the custom imports of the workspace. Whatever was
+    // on offer before is gone. The chosen format is stored and begun with the next time, unless an initial one was set.
+
+    /// Asks for pictures.
+    /// @param bMulti    several files may be picked
+    /// @param bSaveDir  the folder is stored
+    /// @param check     asked about every format; may be null
+    bool OpenRasterData(DIOPluginMngr* mngr, int mode, bool bMulti, bool bSaveDir, ICheck<DString>* check);
+    /// Asks for pictures or vector data.
+    /// @param bVector  offers the library's own vector formats too
+    bool OpenGisObjects(DIOPluginMngr* mngr, int mode, bool bVector);
+    /// Asks for tables.
+    /// @param label  stands behind "Load " or "Save " in the caption
+    bool OpenAttrData(DIOPluginMngr* mngr, int mode, CString const& label);
+    /// Asks for metadata to load; no folder is stored.
+    /// @param check   asked about every format; may be null
+    /// @param plugin  name of the plug-in whose format is begun with; null, empty or unknown for the stored format
+    /// @param extn    of its formats the one for this extension, without dot, otherwise the first; may be null
+    bool OpenMetaData(DIOPluginMngr* mngr, ICheck<DString>* check, char const* plugin, char const* extn);
+
+    // What is only saved
+
+    bool OpenSaveCSV(char const* caption);
+    bool OpenSaveHTML(char const* caption);
+
     // The answer
 
     /// The format that was chosen; null for none.
@@ -126,6 +214,13 @@ public:
                            char const* options);
 
 protected:
+    // The question itself
+
+    /// Asks with the formats on offer, and sorts the result. Without a chosen format it begins with the one whose
+    /// pattern is the initial file's extension, otherwise with the first. Warns the user if nothing is on offer.
+    /// @param key  category of the folders that the dialog offers, "" for none
+    bool ShowFileDlg(int mode, char const* key);
+
     // The offer
 
     /// Adds a format, borrowed, at the end, or if @p sorted in front of the first one with a greater name.
@@ -148,8 +243,9 @@ protected:
     void InitFilter(char* buffer) const;
     void FinishFilter(char* buffer) const;
     /// Puts the text of the whole offer together. What doesn't fit is left out from the end, and the user is warned.
+    /// @param offered  receives how many formats are in it; may be null
     /// @return a buffer that all objects share
-    [[nodiscard]] char const* BuildFilter() const;
+    [[nodiscard]] char const* BuildFilter(int* offered = nullptr) const;
 
     /// Puts the question: shows the system's file dialog, takes over the format that is chosen at its end and the check
     /// boxes, has the files resolved and remembers their folder. A host that overrides it takes the whole over: it
@@ -181,4 +277,31 @@ protected:
 private:
     /// Deletes the result and the formats of plug-ins and empties the offer; options and chosen format stay.
     void Reset();
+    void DeleteFiles();
+
+    void OfferAll(std::initializer_list<DFileFrmt*> formats);
+    void SetTitle(tavkit::Titles const& titles, tavkit::TitleRule rule, int mode);
+    /// "Load " or "Save ", the label and "..."; other modes leave the title.
+    void SetLabelledTitle(int mode, CString const& label);
+    /// Without an initial file, begins in the stored folder.
+    void BeginInStoredFolder(char const* key);
+    /// Begins with a file in the folder stored under @p key, otherwise in @p dir.
+    void BeginWithFileIn(char const* file, char const* dir, char const* key);
+    /// Stores the folder of the first result.
+    void StoreFolder(char const* key) const;
+
+    /// Empties the offer.
+    void BeginPluginOffer(int nodeType);
+    /// Offers the formats of plug-ins, and for loading all files ahead of them.
+    void OfferOfPlugins(DIOPluginMngr* mngr, int mode, ICheck<DString>* check);
+    /// Takes the first format with that identifier off the offer.
+    void Withdraw(char const* id);
+    [[nodiscard]] DString FormatIdToBeginWith(char const* key, char const* dflt) const;
+    /// Stores the chosen format, unless it is that of all files.
+    void StoreFormatId(char const* key) const;
+
+    bool OpenOwnData(tavkit::OwnData const& data, DFileFrmt* format, int mode);
+    bool OpenLabelled(int mode, CString const& label, DFileFrmt& format, char const* key);
+
+    DFileFrmt m_frmtOfFile{nullptr, "", ""}; ///< follows from a file's name; stays, for m_pFrmt may point to it
 };

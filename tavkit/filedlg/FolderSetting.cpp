@@ -14,10 +14,17 @@ CString ReadFldrSttng(char const* key, char const* dflt)
 
 void WriteFldrSttng(char const* key, char const* folder)
 {
-    CWinApp* const app = AfxGetApp();
-    if (app && key && *key && folder && *folder && std::strcmp(folder, ".") != 0)
+    if (key && *key && folder && *folder && std::strcmp(folder, ".") != 0)
     {
-        app->WriteProfileString(kSettingsSection, key, folder);
+        WriteSttng(key, folder);
+    }
+}
+
+void WriteSttng(char const* key, char const* text)
+{
+    if (CWinApp* const app = AfxGetApp())
+    {
+        app->WriteProfileString(kSettingsSection, key, text);
     }
 }
 

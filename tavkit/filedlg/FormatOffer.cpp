@@ -1,5 +1,6 @@
 // FormatOffer.cpp
 #include "tavkit/filedlg/FormatOffer.h"
+#include "tavkit/filedlg/FormatCatalogue.h"
 
 #include "tavkit/frame/services/DFile.h"
 
@@ -51,6 +52,40 @@ DFileFrmt* FindById(FormatOffer const& offer, char const* id) { return FindForma
 DFileFrmt* FindByName(FormatOffer const& offer, char const* name)
 {
     return FindFormat<&DFileFrmt::m_strName>(offer, name);
+}
+
+DFileFrmt* FindByPattern(FormatOffer const& offer, char const* pattern)
+{
+    return FindFormat<&DFileFrmt::m_strPattern>(offer, pattern);
+}
+
+int IndexOfName(FormatOffer const& offer, int count, char const* name)
+{
+    for (int i = 0; i < count && i < offer.GetCount(); ++i)
+    {
+        if (offer[i]->m_strName == name)
+        {
+            return i;
+        }
+    }
+    return 0;
+}
+
+DString JoinPatterns(FormatOffer const& offer)
+{
+    DString joined;
+    bool isFirst = true;
+    for (DFileFrmt const* const format : offer)
+    {
+        if (format->m_strPattern == FileFrmtAll.m_strPattern)
+        {
+            continue;
+        }
+        joined += isFirst ? "" : ";";
+        joined += format->m_strPattern;
+        isFirst = false;
+    }
+    return joined;
 }
 
 DString ImportPattern(DString const& filePattern)
@@ -107,6 +142,26 @@ int BuildFilterText(FormatOffer const& offer, std::span<char> buffer)
     }
     FinishFilterText(end);
     return taken;
+}
+
+int FilterIndexOf(char const* filter, char const* text)
+{
+    int index = 0;
+    for (DString::Tokens walk(filter, kBar); !walk.Done(); ++index)
+    {
+        walk.Next(); // the name
+        if (walk.Done())
+        {
+            break; // the bar that closes the whole text
+        }
+        DString const pattern = walk.Crnt();
+        if (!pattern.IsEmpty() && std::strstr(pattern.c_str(), text ? text : ""))
+        {
+            break;
+        }
+        walk.Next();
+    }
+    return index;
 }
 
 } // namespace tavkit

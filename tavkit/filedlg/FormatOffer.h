@@ -29,6 +29,15 @@ TAVKIT_API void RemoveFormat(FormatOffer& offer, DFileFrmt const* format);
 /// The same by name.
 [[nodiscard]] TAVKIT_API DFileFrmt* FindByName(FormatOffer const& offer, char const* name);
 
+/// The same by pattern.
+[[nodiscard]] TAVKIT_API DFileFrmt* FindByPattern(FormatOffer const& offer, char const* pattern);
+
+/// Place of the first format with that name; 0 if there is none among the first @p count of the offer.
+[[nodiscard]] TAVKIT_API int IndexOfName(FormatOffer const& offer, int count, char const* name);
+
+/// All patterns, separated by ";", without those that take every file.
+[[nodiscard]] TAVKIT_API DString JoinPatterns(FormatOffer const& offer);
+
 /// The file dialog's pattern for the files of a custom import: "*." and the extension of the import's own pattern,
 /// without stars at its end unless it is a single star.
 [[nodiscard]] TAVKIT_API DString ImportPattern(DString const& filePattern);
@@ -48,5 +57,11 @@ TAVKIT_API void FinishFilterText(char* filter) noexcept;
 /// fit, formats are left out whole.
 /// @return how many formats are in the text
 [[nodiscard]] TAVKIT_API int BuildFilterText(FormatOffer const& offer, std::span<char> buffer);
+
+/// Place, among the pairs of name and pattern of a filter text, of the first one whose pattern contains @p text, in the
+/// same case. An empty text is in every pattern but an empty one. If it is in none, the number of pairs: that is one
+/// past the last, and wanted.
+/// @param filter  every name and every pattern with a bar behind it; null has no pairs
+[[nodiscard]] TAVKIT_API int FilterIndexOf(char const* filter, char const* text);
 
 } // namespace tavkit

@@ -211,3 +211,62 @@ TEST_F(FormatOfferTest, AFilterTextThatDoesNotFitIsCutAtAWholeFormat)
         EXPECT_EQ(text, taken == 3 ? whole : taken == 2 ? "abc|*.a|def|*.d||" : taken == 1 ? "abc|*.a||" : "|") << size;
     }
 }
+
+TEST_F(FormatOfferTest, AFormatIsFoundByItsWholePattern)
+{
+    m_offer.Append(New("1", "a", "*.csv"));
+    m_offer.Append(New("2", "b", "csv"));
+    m_offer.Append(New("3", "c", "csv"));
+    m_offer.Append(New("4", "d", ""));
+    EXPECT_EQ(FindByPattern(m_offer, "csv"), m_offer[1]);
+    EXPECT_EQ(FindByPattern(m_offer, ""), m_offer[3]);
+    EXPECT_EQ(FindByPattern(m_offer, nullptr), m_offer[3]);
+    EXPECT_THAT(FindByPattern(m_offer, "CSV"), IsNull());
+}
+
+TEST_F(FormatOfferTest, ANameHasThePlaceOfItsFirstFormatOrTheFirstPlace)
+{
+    EXPECT_EQ(IndexOfName(m_offer, 0, "a"), 0);
+    for (char const* name : {"a", "b", "b", "c"})
+    {
+        m_offer.Append(New("", name));
+    }
+    EXPECT_EQ(IndexOfName(m_offer, 4, "b"), 1);
+    EXPECT_EQ(IndexOfName(m_offer, 4, "c"), 3);
+    EXPECT_EQ(IndexOfName(m_offer, 4, "C"), 0);
+    EXPECT_EQ(IndexOfName(m_offer, 4, nullptr), 0);
+    EXPECT_EQ(IndexOfName(m_offer, 3, "c"), 0) << "it isn't in the filter";
+    EXPECT_EQ(IndexOfName(m_offer, 40, "d"), 0);
+}
+
+TEST_F(FormatOfferTest, PatternsAreJoinedWithoutThoseOfAllFiles)
+{
+    EXPECT_THAT(JoinPatterns(m_offer).c_str(), StrEq(""));
+    m_offer.Append(New("", "all", "*.*"));
+    EXPECT_THAT(JoinPatterns(m_offer).c_str(), StrEq(""));
+    m_offer.Append(New("", "a", "*.a;*.*"));
+    m_offer.Append(New("", "all", "*.*"));
+    m_offer.Append(New("", "empty", ""));
+    m_offer.Append(New("", "b", "*.b"));
+    EXPECT_THAT(JoinPatterns(m_offer).c_str(), StrEq("*.a;*.*;;*.b"));
+}
+
+TEST(FilterIndex, CountsThePairsInFrontOfTheFirstPatternWithTheText)
+{
+    struct Case
+    {
+        char const* filter;
+        char const* text;
+        int index;
+    };
+    for (Case const& each :
+         {Case{"A|*.a|B|*.b|", "a", 0}, Case{"A|*.a|B|*.b|", "b", 1}, Case{"A|*.a|B|*.b|", "B", 2},
+          Case{"A|*.a|B|*.b||", "B", 2}, Case{"A|*.a|B|*.b", "b", 1}, Case{"A|*.a|B|", "B", 1}, Case{"A", "A", 0},
+          Case{"A|*.a;*.b|B|*.b|", "*.b", 0}, Case{"A|*.a|B|*.b|", "", 0}, Case{"A|*.a|B|*.b|", nullptr, 0},
+          Case{"A||B|*.b|", "", 1}, Case{"A||B||", "", 2}, Case{"|*.a|", "a", 0}, Case{"A|*.a|", "a|", 1},
+          Case{"", "", 0}, Case{nullptr, "a", 0}, Case{"|", "", 0}, Case{"||||", "a", 2}})
+    {
+        EXPECT_EQ(FilterIndexOf(each.filter, each.text), each.index)
+            << (each.filter ? each.filter : "(null)") << " " << (each.text ? each.text : "(null)");
+    }
+}
