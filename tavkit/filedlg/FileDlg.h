@@ -220,6 +220,15 @@ protected:
     /// pattern is the initial file's extension, otherwise with the first. Warns the user if nothing is on offer.
     /// @param key  category of the folders that the dialog offers, "" for none
     bool ShowFileDlg(int mode, char const* key);
+    /// Puts the question: shows the system's file dialog, takes over the format that is chosen at its end and the check
+    /// boxes, has the files resolved and remembers their folder. A host that overrides it takes the whole over: it
+    /// fills m_vecFiles, m_pFrmt and the check box states.
+    /// @param filter  pairs of name and pattern, a bar behind each, and one more bar at the end
+    /// @param index   filter to begin with, from 0
+    /// @param defExt  default extension or pattern; may be null
+    /// @param key     folder category; without one (null or "") no folders are offered and none is remembered
+    /// @return true if the result stands; false if the user cancelled or the files came to nothing
+    virtual bool OpenMFCFileDlg(int mode, char const* filter, int index, char const* defExt, char const* key);
 
     // The offer
 
@@ -246,16 +255,6 @@ protected:
     /// @param offered  receives how many formats are in it; may be null
     /// @return a buffer that all objects share
     [[nodiscard]] char const* BuildFilter(int* offered = nullptr) const;
-
-    /// Puts the question: shows the system's file dialog, takes over the format that is chosen at its end and the check
-    /// boxes, has the files resolved and remembers their folder. A host that overrides it takes the whole over: it
-    /// fills m_vecFiles, m_pFrmt and the check box states.
-    /// @param filter  pairs of name and pattern, a bar behind each, and one more bar at the end
-    /// @param index   filter to begin with, from 0
-    /// @param defExt  default extension or pattern; may be null
-    /// @param key     folder category; without one (null or "") no folders are offered and none is remembered
-    /// @return true if the result stands; false if the user cancelled or the files came to nothing
-    virtual bool OpenMFCFileDlg(int mode, char const* filter, int index, char const* defExt, char const* key);
 
     DString m_strInitFile;               ///< file, folder or path to begin with
     DString m_strInitFrmtId;             ///< identifier of the format to begin with
