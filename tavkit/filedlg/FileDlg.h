@@ -139,6 +139,9 @@ public:
     bool OpenParamSet(int mode, char const* caption);
     /// Loads. The folder used last goes before the default one, which is only read.
     bool OpenWzrd();
+    /// Asks for a folder, in the shell's browser, and takes the first library in it behind what the result holds. Only
+    /// for loading. With a chosen format, the library gets the driver that is called as the workbench's own format.
+    bool OpenActnLib(int mode);
     /// Asks for rule sets of all kinds at once. There is no chosen format afterwards.
     /// @param bJobSqnce  job sequences too
     bool OpenAllRuleset(int mode, bool bJobSqnce);

@@ -101,6 +101,9 @@ DString ImportPattern(DString const& filePattern)
 
 void OfferPluginFormats(FormatOffer& offer, DList<DFileFrmt*>& formats, bool load)
 {
+    while (formats.Remove(nullptr)) // a plug-in may know no better
+    {
+    }
     for (auto* node = formats.m_pHead; node;)
     {
         if (!(node->m_val->m_strPattern == kRasterMarker))

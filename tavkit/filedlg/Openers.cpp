@@ -1,4 +1,5 @@
 // Openers.cpp - FileDlg's questions for the workbench's own data, for tables and reports, and for files of any kind
+#include "tavkit/filedlg/DlgSlctDir.h"
 #include "tavkit/filedlg/FileDlg.h"
 #include "tavkit/filedlg/FolderSetting.h"
 #include "tavkit/filedlg/FormatCatalogue.h"
@@ -6,14 +7,31 @@
 #include "tavkit/filedlg/OpenerRules.h"
 #include "tavkit/resources/resource.h"
 
+#include "tavkit/frame/services/BDIDrvrMngr.h"
 #include "tavkit/frame/services/BaseFuncs.h"
-
-#include <cstring>
 
 using tavkit::ReadFldrSttng;
 using tavkit::TitleRule;
 
 static_assert(FileDlg::kLoad == tavkit::kLoadMode && FileDlg::kSave == tavkit::kSaveMode);
+
+namespace
+{
+
+/// Name of the first file that a pattern finds in a folder; "" if it finds none.
+[[nodiscard]] CString FirstFileIn(char const* folder, char const* pattern)
+{
+    WIN32_FIND_DATAA data;
+    const HANDLE found = ::FindFirstFileA(tavkit::PathIn(folder, pattern).c_str(), &data);
+    if (found == INVALID_HANDLE_VALUE)
+    {
+        return CString();
+    }
+    ::FindClose(found);
+    return data.cFileName;
+}
+
+} // namespace
 
 // Steps that several openers take
 
@@ -204,6 +222,35 @@ bool FileDlg::OpenWzrd()
         return false;
     }
     StoreFolder(kFolderKey);
+    return true;
+}
+
+bool FileDlg::OpenActnLib(int mode)
+{
+    constexpr char kLibraries[] = "*.alx";
+    if (mode != kLoad)
+    {
+        return false;
+    }
+    CWnd const* const owner = AfxGetMainWnd();
+    CDlgSlctDir browser(owner ? owner->m_hWnd : nullptr);
+    browser.m_strKey = "ActnLibDir";
+    browser.m_strTitle = "Load Action Library...";
+    browser.m_strFilePttr = kLibraries;
+    if (browser.DoBrowse() == 0)
+    {
+        return false;
+    }
+    CString folder = browser.m_strPath;
+    folder.TrimRight("\\/");
+    const CString library = FirstFileIn(folder, kLibraries);
+    if (library.IsEmpty())
+    {
+        return false;
+    }
+    BDIDrvr* const driver =
+        m_pFrmt && pFrmt_actnlib ? BDIDrvrMngr::Instance()->GetDrvr(pFrmt_actnlib->m_strId.c_str()) : nullptr;
+    m_vecFiles.Append(new BDIMoniker(tavkit::PathIn(folder, library).c_str(), driver));
     return true;
 }
 

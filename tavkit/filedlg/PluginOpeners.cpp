@@ -47,6 +47,9 @@ public:
             if (DString(itr.m_pCrnt->GetName()) == plugin)
             {
                 itr.m_pCrnt->BuildFrmtList(&m_list, FileDlg::kLoad, dataType, check);
+                while (m_list.Remove(nullptr)) // a plug-in may know no better
+                {
+                }
                 return;
             }
         }

@@ -212,6 +212,18 @@ TEST_F(FormatOfferTest, AFilterTextThatDoesNotFitIsCutAtAWholeFormat)
     }
 }
 
+TEST_F(FormatOfferTest, NothingInThePlaceOfAPluginsFormatIsPassedOver)
+{
+    DList<DFileFrmt*> formats;
+    for (DFileFrmt* const format : {static_cast<DFileFrmt*>(nullptr), New("1", "a"), static_cast<DFileFrmt*>(nullptr)})
+    {
+        formats.AddTail(format);
+    }
+    OfferPluginFormats(m_offer, formats, true);
+    EXPECT_THAT(Names(m_offer), ElementsAre("a"));
+    EXPECT_EQ(formats.GetCount(), 1);
+}
+
 TEST_F(FormatOfferTest, AFormatIsFoundByItsWholePattern)
 {
     m_offer.Append(New("1", "a", "*.csv"));

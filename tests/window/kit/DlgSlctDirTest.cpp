@@ -2,10 +2,10 @@
 #include "support/TempFolder.h"
 #include "support/WindowTest.h"
 #include "tavkit/TavKit.h"
+#include "tests/window/kit/FolderBrowser.h"
 #include "tests/window/kit/ImportHook.h"
 
 #include <commctrl.h>
-#include <shlobj.h>
 
 #include <functional>
 #include <string>
@@ -15,9 +15,17 @@
 namespace
 {
 
-using support::FindThreadWindow;
+using folderbrowser::Accept;
+using folderbrowser::Cancel;
+using folderbrowser::Find;
+using folderbrowser::IsOkEnabled;
+using folderbrowser::kEdit;
+using folderbrowser::kNewFolder;
+using folderbrowser::kTitle;
+using folderbrowser::kTree;
+using folderbrowser::SelectPath;
+using folderbrowser::TextOf;
 using support::ModalHelper;
-using support::PressButton;
 using support::TempFolder;
 using testing::IsEmpty;
 using testing::StrCaseEq;
@@ -26,10 +34,6 @@ using testing::StrEq;
 constexpr char kKey[] = "ActnLibDir"; // has no default folders
 constexpr char kSection[] = "Settings";
 constexpr char kHistory[] = "Software\\TavKit\\Workbench\\DefaultFolders";
-constexpr int kTree = 14145;
-constexpr int kTitle = 14146;
-constexpr int kEdit = 14149;
-constexpr int kNewFolder = 14150;
 
 /// What the library asked of the browser, seen at its border to the system.
 struct Selections
@@ -101,42 +105,10 @@ protected:
         ::RegDeleteKeyA(HKEY_CURRENT_USER, kHistory);
     }
 
-    static HWND Browser() { return FindThreadWindow("#32770", nullptr); }
-    static HWND BrowserWithTree()
-    {
-        HWND const browser = Browser();
-        return browser && ::GetDlgItem(browser, kTree) ? browser : nullptr;
-    }
     static HWND BrowserBeside(HWND first)
     {
-        HWND const browser = BrowserWithTree();
+        HWND const browser = folderbrowser::Current();
         return browser != first ? browser : nullptr;
-    }
-    static HWND Find(HWND parent, int id)
-    {
-        struct Search
-        {
-            int id;
-            HWND found;
-        } search{id, nullptr};
-        ::EnumChildWindows(
-            parent,
-            [](HWND child, LPARAM param) {
-                auto& wanted = *reinterpret_cast<Search*>(param);
-                if (::GetDlgCtrlID(child) == wanted.id)
-                {
-                    wanted.found = child;
-                }
-                return BOOL(wanted.found == nullptr);
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
-    }
-    static std::string TextOf(HWND window)
-    {
-        char text[MAX_PATH + 1] = "";
-        ::SendMessageA(window, WM_GETTEXT, sizeof text, reinterpret_cast<LPARAM>(text));
-        return text;
     }
     /// What the tree has selected, by its label.
     static std::string SelectedLabel(HWND browser)
@@ -152,10 +124,6 @@ protected:
         ::SendMessageA(view, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
         return text;
     }
-    static void SelectPath(HWND browser, std::string const& path)
-    {
-        ::SendMessageA(browser, BFFM_SETSELECTIONA, TRUE, reinterpret_cast<LPARAM>(path.c_str()));
-    }
     static bool IsAbove(HWND window, HWND other)
     {
         while (other && other != window)
@@ -164,18 +132,15 @@ protected:
         }
         return other != nullptr;
     }
-    static bool IsOkEnabled(HWND browser) { return ::IsWindowEnabled(::GetDlgItem(browser, IDOK)) != FALSE; }
 
     /// Asks, with something done while the browser is up.
     static int Browse(CDlgSlctDir& dialog, std::function<void(HWND)> const& act)
     {
-        const ModalHelper helper([] { return BrowserWithTree(); }, act);
+        const ModalHelper helper([] { return folderbrowser::Current(); }, act);
         const int result = dialog.DoBrowse();
         EXPECT_TRUE(helper.Done()) << "the browser never came";
         return result;
     }
-    static void Cancel(HWND browser) { PressButton(browser, IDCANCEL); }
-    static void Accept(HWND browser) { PressButton(browser, IDOK); }
 
     static CString Stored(char const* key = kKey) { return AfxGetApp()->GetProfileString(kSection, key, "(nothing)"); }
     static std::vector<std::string> History()
@@ -469,7 +434,7 @@ TEST_F(DlgSlctDir, ASecondBrowserBringsTheFirstToTheTopInstead)
                          EXPECT_EQ(second.DoBrowse(), 0);
                          EXPECT_TRUE(IsAbove(browser, above));
                          EXPECT_THAT(second.m_strInitDir, StrEq("")) << "nothing is read for it";
-                         EXPECT_EQ(BrowserWithTree(), browser);
+                         EXPECT_EQ(folderbrowser::Current(), browser);
                          Accept(browser);
                      }),
               1);
@@ -486,7 +451,7 @@ TEST_F(DlgSlctDir, BesideABrowserThatStartedNowhereAnotherOneComes)
                      [&](HWND first) {
                          const ModalHelper helper(
                              [first] {
-                                 HWND const other = BrowserWithTree();
+                                 HWND const other = folderbrowser::Current();
                                  return other != first ? other : nullptr;
                              },
                              Accept);

@@ -127,6 +127,15 @@ TEST_F(MetaOpener, APluginWithoutANameIsPassedOver)
     EXPECT_EQ(NameOf(dlg.Last().format), "Packets");
 }
 
+TEST_F(MetaOpener, NothingInThePlaceOfAFormatIsPassedOver)
+{
+    m_heads.m_nulls = 2;
+    EXPECT_EQ(Begins("Heads", "xmp"), "Packets");
+    EXPECT_EQ(Begins("Heads", nullptr), "Headers");
+    m_heads.m_formats.clear();
+    EXPECT_EQ(Begins("Heads", nullptr), "Settings");
+}
+
 TEST_F(MetaOpener, WithoutAnIdTheFormatSetBeforeIsKept)
 {
     Store(kKey, "");

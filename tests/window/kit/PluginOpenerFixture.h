@@ -21,6 +21,7 @@ public:
     char const* GetName() const override { return m_name; }
 
     std::vector<DFileFrmt> m_formats;
+    int m_nulls = 0; ///< so many null pointers come ahead of the formats
     int m_calls = 0;
     int m_mode = -1;
     unsigned int m_dataType = 0;
@@ -33,6 +34,10 @@ protected:
         m_mode = mode;
         m_dataType = dataType;
         m_check = check;
+        for (int i = 0; i < m_nulls; ++i)
+        {
+            list.AddTail(nullptr);
+        }
         for (DFileFrmt const& format : m_formats)
         {
             if (!check || check->Check(format.m_strId))
