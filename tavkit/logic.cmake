@@ -22,6 +22,7 @@ set(TAVKIT_LOGIC_SOURCES
     lists/ColumnRecord.cpp
     lists/ColumnWidths.cpp
     lists/RowText.cpp
+    lists/SavedCell.cpp
     lists/ScanDouble.cpp
     thematic/CardLayout.cpp
     trees/TreeIndex.cpp

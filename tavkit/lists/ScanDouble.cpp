@@ -16,6 +16,15 @@ bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
+char const* SkipBlanks(char const* text)
+{
+    while (IsBlank(*text))
+    {
+        ++text;
+    }
+    return text;
+}
+
 char const* SkipDigits(char const* text)
 {
     while (IsDigit(*text))
@@ -93,10 +102,7 @@ std::optional<double> ScanDouble(char const* text) noexcept
     {
         return std::nullopt;
     }
-    while (IsBlank(*text))
-    {
-        ++text;
-    }
+    text = SkipBlanks(text);
     bool const negative = *text == '-';
     NumberText const number = Split(text + (negative || *text == '+'));
     if (number.end == nullptr)
@@ -112,5 +118,23 @@ std::optional<double> ScanDouble(char const* text) noexcept
 }
 
 double ToDouble(char const* text) noexcept { return ScanDouble(text).value_or(0.0); }
+
+int ToInt(char const* text) noexcept
+{
+    if (text == nullptr)
+    {
+        return 0;
+    }
+    text = SkipBlanks(text);
+    bool const negative = *text == '-';
+    char const* const digits = text + (negative || *text == '+');
+    char const* const end = SkipDigits(digits);
+    int value = 0;
+    if (std::from_chars(negative ? text : digits, end, value).ec == std::errc::result_out_of_range)
+    {
+        value = negative ? std::numeric_limits<int>::min() : std::numeric_limits<int>::max();
+    }
+    return value;
+}
 
 } // namespace tavkit

@@ -18,4 +18,10 @@ namespace tavkit
 /// As ScanDouble(), 0 if the text doesn't begin with a number.
 [[nodiscard]] TAVKIT_API double ToDouble(char const* text) noexcept;
 
+/// The whole number that a text begins with: blanks, a sign, digits. What follows is ignored; a number too large is the
+/// nearest that there is.
+/// @param text  may be null
+/// @return 0 if the text doesn't begin with a number.
+[[nodiscard]] TAVKIT_API int ToInt(char const* text) noexcept;
+
 } // namespace tavkit

@@ -24,6 +24,7 @@ public:
     static constexpr UINT FillTimerPeriod = 100;      ///< milliseconds without a further resize
     static constexpr int NoFillCol = -1;              ///< fill column when there is none
     static constexpr int CaptionLength = 1024;        ///< characters of a caption that are read, its end included
+    static constexpr int SavedCaptionLength = 512;    ///< characters of a caption that are saved, its end included
     static constexpr int MediumWeight = 500;          ///< of the medium font
     static constexpr int BoldWeight = 700;            ///< of the bold font
 
@@ -146,6 +147,13 @@ public:
     int SetSlctByItemData(DWORD_PTR data, bool select);
     void SetMultiSlct(bool multi);
     bool IsMultiSlct() const;
+
+    // File
+
+    /// Asks for a file and writes the whole list into it as a table: the captions, then the rows as they are shown,
+    /// numbers in the columns of numbers. A cancelled dialog writes nothing; nothing is told of a file that can't be
+    /// written, and what it held before stays whole.
+    void SaveToFile();
 
     // Images
 
