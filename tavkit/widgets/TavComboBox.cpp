@@ -385,8 +385,19 @@ void CTavComboBox::ShowAll(Keystroke const& key)
     {
         RestoreContents();
     }
-    key.Finish(*this, AfterNoMatch(key.typed));
-    ShowList();
+    EditChange const change = AfterNoMatch(key.typed);
+    key.Finish(*this, change);
+    if (!ShowList())
+    {
+        return;
+    }
+    // The system completes a text on its own when the list opens, and selects all of it.
+    CString text;
+    GetWindowText(text);
+    if (text != key.text)
+    {
+        key.Finish(*this, change);
+    }
 }
 
 // False if the control is gone after it.

@@ -124,6 +124,7 @@ protected:
     void SetUp() override
     {
         WindowTest::SetUp();
+        AllowGdiGrowth("the system keeps a region and a brush of a list that it has shown");
         m_font.CreateStockObject(DEFAULT_GUI_FONT);
         m_frame.emplace();
     }

@@ -322,7 +322,6 @@ TEST_F(TavComboTyping, ASimpleComboBoxCompletesAndFilters)
 
 TEST_F(TavComboTyping, AListWithoutAnEditFieldIsLeftToItself)
 {
-    AllowGdiGrowth("the system keeps the brush of a selected entry");
     OpenFiltering(kEntries, kListOnly);
     Type("x");
     EXPECT_EQ(m_combo->GetCurSel(), 2);
