@@ -66,8 +66,19 @@ static_assert(sizeof(GdiEntry) == 24);
 constexpr int kGdiEntries = 0x4000;
 constexpr int kGdiTableOffset = 0xF8; ///< of the table's address in the process environment block
 
+/// The system makes the brushes of its colours on first demand and gives one up when its colour changes: whether one
+/// is there says nothing about the test.
+void DemandSystemBrushes()
+{
+    for (int color = 0; color <= COLOR_MENUBAR; ++color)
+    {
+        ::GetSysColorBrush(color);
+    }
+}
+
 void CountGdi(SystemCounts& counts)
 {
+    DemandSystemBrushes();
     if (!RunsUnderWine())
     {
         counts.gdiObjects = static_cast<int>(::GetGuiResources(::GetCurrentProcess(), GR_GDIOBJECTS));
