@@ -12,17 +12,24 @@ namespace
 class SentMsgScope
 {
 public:
-    explicit SentMsgScope(const MSG& msg) : m_state(AfxGetThreadState()), m_previous(m_state->m_lastSentMsg)
+    explicit SentMsgScope(const MSG& msg)
+        : m_state(AfxGetThreadState()), m_previous(m_state->m_lastSentMsg), m_previousRan(m_state->m_bDefaultRan)
     {
         m_state->m_lastSentMsg = msg;
+        m_state->m_bDefaultRan = false;
     }
-    ~SentMsgScope() { m_state->m_lastSentMsg = m_previous; }
+    ~SentMsgScope()
+    {
+        m_state->m_lastSentMsg = m_previous;
+        m_state->m_bDefaultRan = m_previousRan;
+    }
     SentMsgScope(const SentMsgScope&) = delete;
     SentMsgScope& operator=(const SentMsgScope&) = delete;
 
 private:
     AFX_THREAD_STATE* m_state;
     MSG m_previous;
+    bool m_previousRan;
 };
 
 /// What asks a command's update handlers whether the command may run at present; draws nothing.
@@ -115,7 +122,9 @@ WNDPROC* CWnd::GetSuperWndProcAddr() { return &m_pfnSuper; }
 
 LRESULT CWnd::Default()
 {
-    const MSG msg = AfxGetThreadState()->m_lastSentMsg;
+    AFX_THREAD_STATE* const state = AfxGetThreadState();
+    const MSG msg = state->m_lastSentMsg;
+    state->m_bDefaultRan = true;
     return DefWindowProc(msg.message, msg.wParam, msg.lParam);
 }
 
@@ -183,7 +192,12 @@ BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult
     msg.lParam = lParam;
     if (!entry->pfn(this, msg))
     {
-        return FALSE;
+        // Who declines a turn of the wheel leaves it to the default, unless the base's handler has run that already:
+        // the parent would be told twice.
+        if (message != WM_MOUSEWHEEL || !AfxGetThreadState()->m_bDefaultRan)
+        {
+            return FALSE;
+        }
     }
     if (pResult != nullptr)
     {
@@ -219,9 +233,10 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam)
         {
             return TRUE;
         }
-        if (ReflectLastMsg(control))
+        const HWND window = m_hWnd;
+        if (ReflectLastMsg(control) || FromHandlePermanent(window) != this)
         {
-            return TRUE;
+            return TRUE; // the control took it, or did away with this very window
         }
         if (id == 0)
         {
@@ -241,9 +256,10 @@ BOOL CWnd::OnNotify(WPARAM, LPARAM lParam, LRESULT* pResult)
     {
         return TRUE;
     }
-    if (ReflectLastMsg(control, pResult))
+    const HWND window = m_hWnd;
+    if (ReflectLastMsg(control, pResult) || FromHandlePermanent(window) != this)
     {
-        return TRUE;
+        return TRUE; // the control took it, or did away with this very window
     }
     LRESULT ignored = 0;
     AFX_NOTIFY notify = {pResult != nullptr ? pResult : &ignored, header};

@@ -83,7 +83,7 @@ void CPlotCtrl::Look(tavkit::DataWindow const& view)
     UpdtPlot();
 }
 
-BOOL CPlotCtrl::OnMouseWheel(UINT, short zDelta, CPoint pt)
+BOOL CPlotCtrl::OnMouseWheel(UINT nFlags, short zDelta, CPoint pt)
 {
     const tavkit::PlotMap map = Map();
     CPoint point = pt;
@@ -91,7 +91,7 @@ BOOL CPlotCtrl::OnMouseWheel(UINT, short zDelta, CPoint pt)
     const bool hasRange = DataRangeX() > 0 && DataRangeY() > 0 && map.Width() > 0 && map.Height() > 0;
     if (!m_bZoom || !hasRange || !map.IsInside(point))
     {
-        return FALSE; // the default passes it to the parent
+        return CWnd::OnMouseWheel(nFlags, zDelta, pt); // goes to the parent
     }
     const double factor = std::pow(tavkit::kZoomPerNotch, static_cast<double>(zDelta) / WHEEL_DELTA);
     Look(tavkit::ZoomAt(map.data, Limits(), map.ToDataX(point.x), map.ToDataY(point.y), factor));

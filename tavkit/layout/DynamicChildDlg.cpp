@@ -176,14 +176,14 @@ void cdxCDynamicChildDlg::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScroll
     }
 }
 
-BOOL cdxCDynamicChildDlg::OnMouseWheel(UINT, short zDelta, CPoint)
+BOOL cdxCDynamicChildDlg::OnMouseWheel(UINT nFlags, short zDelta, CPoint pt)
 {
     SCROLLINFO info{};
     info.cbSize = sizeof info;
     info.fMask = SIF_ALL;
     if (!HasBar(SB_VERT) || !::GetScrollInfo(m_hWnd, SB_VERT, &info))
     {
-        return FALSE; // the default passes it to the parent
+        return cdxCDynamicDialog::OnMouseWheel(nFlags, zDelta, pt); // goes to the parent
     }
     const int target = info.nPos - zDelta * WheelNotch(static_cast<int>(info.nPage)) / WHEEL_DELTA;
     ScrollTo(SB_VERT, tavkit::NextScrollPos(RangeOf(info), info.nPos, ScrollStep::toThumb, ScrollLine, target));

@@ -38,6 +38,7 @@ struct AFX_THREAD_STATE
     AFX_MODULE_STATE* m_pModuleState = nullptr; // null: the application's
     CWinThread* m_pCurrentWinThread = nullptr;  // borrowed
     MSG m_lastSentMsg = {};                     // message that is being handled; saved and restored by dispatch
+    bool m_bDefaultRan = false;                 // Default() has had that message; saved and restored with it
     MSG m_msgCur = {};                          // message that the pump took last
     CWnd* m_pWndInit = nullptr;                 // object that waits for its window
     CFileDialog* m_pFileDialogInit = nullptr;   // the same for the panel of a file dialog

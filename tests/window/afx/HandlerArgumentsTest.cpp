@@ -239,13 +239,39 @@ BEGIN_MESSAGE_MAP(WheelParent, CWnd)
     ON_WM_MOUSEWHEEL()
 END_MESSAGE_MAP()
 
+enum class Turn
+{
+    Declined,
+    Taken,
+    BasesAnswer,   // that of the base's handler is given on
+    TakenAfterBase // the base's handler runs all the same
+};
+
 class WheelChild : public CWnd
 {
 public:
-    BOOL m_take = FALSE;
+    Turn m_turn = Turn::Declined;
+    int m_defaults = 0;
 
 protected:
-    BOOL OnMouseWheel(UINT, short, CPoint) { return m_take; }
+    BOOL OnMouseWheel(UINT flags, short delta, CPoint point)
+    {
+        switch (m_turn)
+        {
+        case Turn::BasesAnswer:
+            return CWnd::OnMouseWheel(flags, delta, point);
+        case Turn::TakenAfterBase:
+            CWnd::OnMouseWheel(flags, delta, point);
+            return TRUE;
+        default:
+            return m_turn == Turn::Taken;
+        }
+    }
+    LRESULT DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) override
+    {
+        m_defaults += message == WM_MOUSEWHEEL;
+        return CWnd::DefWindowProc(message, wParam, lParam);
+    }
     DECLARE_MESSAGE_MAP()
 };
 BEGIN_MESSAGE_MAP(WheelChild, CWnd)
@@ -257,16 +283,48 @@ class Wheel : public support::WindowTest
 };
 } // namespace
 
-TEST_F(Wheel, ATurnThatAHandlerDeclinesGoesToTheParent)
+struct WheelRow
+{
+    const char* name;
+    Turn turn;
+    int defaults;
+};
+
+class WheelTurn : public Wheel, public testing::WithParamInterface<WheelRow>
+{
+};
+
+TEST_P(WheelTurn, GoesToTheDefaultAndToTheParentOnceAtMost)
 {
     support::TestFrame frame;
     WheelParent parent;
     WheelChild child;
     ASSERT_TRUE(parent.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 90, 90), &frame, 1));
     ASSERT_TRUE(child.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 50, 50), &parent, 2));
+    child.m_turn = GetParam().turn;
     child.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
-    EXPECT_EQ(parent.m_turns, 1);
-    child.m_take = TRUE;
+    EXPECT_EQ(child.m_defaults, GetParam().defaults);
+    EXPECT_EQ(parent.m_turns, GetParam().defaults);
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, WheelTurn,
+                         testing::Values(WheelRow{"Declined", Turn::Declined, 1}, WheelRow{"Taken", Turn::Taken, 0},
+                                         WheelRow{"BasesAnswer", Turn::BasesAnswer, 1},
+                                         WheelRow{"TakenAfterBase", Turn::TakenAfterBase, 1}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(Wheel, ATurnThatIsPassedUpIsDeclinedByEachWindowOnItsOwn)
+{
+    support::TestFrame frame;
+    WheelParent top;
+    WheelChild middle;
+    WheelChild child;
+    ASSERT_TRUE(top.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 90, 90), &frame, 1));
+    ASSERT_TRUE(middle.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 80, 80), &top, 2));
+    ASSERT_TRUE(child.Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 50, 50), &middle, 3));
+    child.m_turn = Turn::BasesAnswer; // whose default has run while the others are asked
     child.SendMessage(WM_MOUSEWHEEL, MAKEWPARAM(0, WHEEL_DELTA), 0);
-    EXPECT_EQ(parent.m_turns, 1);
+    EXPECT_EQ(child.m_defaults, 1);
+    EXPECT_EQ(middle.m_defaults, 1);
+    EXPECT_EQ(top.m_turns, 1);
 }

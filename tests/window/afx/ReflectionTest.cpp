@@ -2,6 +2,9 @@
 
 #include "support/WindowTest.h"
 
+#include <algorithm>
+#include <memory>
+
 using testing::ElementsAre;
 
 namespace
@@ -230,6 +233,49 @@ TEST_F(Reflection, AParentMayDieInTheNotificationOfItsChild)
     button.SendMessage(BM_CLICK);
     EXPECT_EQ(killer.m_hWnd, nullptr);
     EXPECT_EQ(button.m_hWnd, nullptr);
+}
+
+TEST_F(Reflection, AParentMayDieWithItsObjectInWhatItsChildMakesOfANotification)
+{
+    Open();
+    // Leaves nothing sensible behind in its memory, so that no use of it goes unnoticed.
+    class Spoiled : public CWnd
+    {
+    public:
+        static void operator delete(void* memory, std::size_t size)
+        {
+            std::fill_n(static_cast<unsigned char volatile*>(memory), size, static_cast<unsigned char>(0x7F));
+            CWnd::operator delete(memory);
+        }
+    };
+    class Killer : public CButton
+    {
+    public:
+        std::unique_ptr<Spoiled> m_parent;
+
+    protected:
+        BOOL OnChildNotify(UINT message, WPARAM, LPARAM, LRESULT*) override
+        {
+            if (message == WM_COMMAND || message == WM_NOTIFY)
+            {
+                m_parent.reset();
+            }
+            return FALSE;
+        }
+    } killer;
+    for (const UINT message : {WM_COMMAND, WM_NOTIFY})
+    {
+        killer.m_parent = std::make_unique<Spoiled>();
+        ASSERT_TRUE(killer.m_parent->Create(nullptr, "", WS_VISIBLE, CRect(0, 0, 100, 100), m_frame.get(), 2));
+        ASSERT_TRUE(killer.Create("kill", WS_CHILD, CRect(0, 0, 60, 20), killer.m_parent.get(), 3));
+        NMHDR header = {killer.m_hWnd, 3, kCode};
+        const HWND parent = *killer.m_parent;
+        ::SendMessageA(parent, message, MAKEWPARAM(3, BN_CLICKED),
+                       message == WM_NOTIFY ? reinterpret_cast<LPARAM>(&header)
+                                            : reinterpret_cast<LPARAM>(killer.m_hWnd));
+        EXPECT_FALSE(::IsWindow(parent));
+        EXPECT_EQ(killer.m_hWnd, nullptr);
+    }
 }
 
 TEST_F(Reflection, AnOwnerDrawnComboMeasuresItselfWhileItIsBeingCreated)
