@@ -1,6 +1,6 @@
 // PlotCtrlTest.cpp - the plot: its page at several sizes, its points, and what it makes of bad input
 
-#include "ChartFixture.h"
+#include "PlotFixture.h"
 
 #include <cmath>
 #include <limits>
@@ -27,34 +27,6 @@ constexpr int kRight = 20;
 constexpr int kTop = 20;
 constexpr int kBottom = 32;
 constexpr double kInfinity = std::numeric_limits<double>::infinity();
-
-class PlotCtrl : public ChartTest<CPlotCtrl>
-{
-protected:
-    // 400 by 200 pixels of plot: 40 to a unit of x, 20 to one of y.
-    void OpenUsual()
-    {
-        Open(480, 252);
-        SetLimits(0.0, 0.0, 10.0, 10.0);
-        m_chart->DrawGrid(false);
-    }
-    void SetLimits(double minX, double minY, double maxX, double maxY)
-    {
-        m_chart->SetDataMinX(minX);
-        m_chart->SetDataMinY(minY);
-        m_chart->SetDataMaxX(maxX);
-        m_chart->SetDataMaxY(maxY);
-    }
-    void Add(double x, double y, const char* label = "") { m_chart->AddData(x, y, label, ""); }
-
-    /// The point that the last message told.
-    [[nodiscard]] const CPlotCtrl::DataPoint* Told() const
-    {
-        return reinterpret_cast<const CPlotCtrl::DataPoint*>(m_frame->m_notes.back().wParam);
-    }
-    /// Colours of an upright line in the plot.
-    [[nodiscard]] static int Dark(Shot const& shot, CRect rect) { return shot.Count(rect, kBlack); }
-};
 
 // The page
 
@@ -422,127 +394,6 @@ TEST_P(PlotCtrlManyPoints, StandAsTheSystemDrawsThemOneByOne)
 
 INSTANTIATE_TEST_SUITE_P(Lines, PlotCtrlManyPoints, testing::Bool(),
                          [](const auto& info) { return info.param ? "Joined" : "Apart"; });
-
-// Selection
-
-TEST_F(PlotCtrl, SelectsThePointNearestInXAndTellsTheParent)
-{
-    OpenUsual();
-    Add(2.0, 2.0, "two");
-    Add(4.0, 9.0, "four");
-    Click(222, 215); // 2 pixels beside the second point, far below it
-    ASSERT_THAT(m_frame->m_notes, SizeIs(1));
-    EXPECT_EQ(m_frame->m_notes[0].lParam, 0);
-    EXPECT_EQ(Told()->x, 4.0);
-    EXPECT_EQ(Told()->y, 9.0);
-    EXPECT_STREQ(Told()->strLabelX, "four");
-    const Shot shot = Look();
-    EXPECT_EQ(shot.At(220, 40), kBlue);
-    EXPECT_EQ(shot.At(220 - 4, 40), kRed) << "a larger disc, with a red outline";
-    EXPECT_EQ(shot.At(220 - 5, 40), kWhite);
-    EXPECT_EQ(shot.At(140, 180), kRed) << "the other one";
-}
-
-TEST_F(PlotCtrl, TakesTheSelectionAwayAtASecondClickAndTellsNobody)
-{
-    OpenUsual();
-    Add(2.0, 2.0);
-    Click(140, 150);
-    ASSERT_THAT(m_frame->m_notes, SizeIs(1));
-    Click(140, 100);
-    EXPECT_THAT(m_frame->m_notes, SizeIs(1));
-    EXPECT_EQ(Look().Count(kBlue), 0);
-}
-
-TEST_F(PlotCtrl, ReachesFivePixelsToEitherSide)
-{
-    OpenUsual();
-    Add(2.0, 2.0);
-    Click(147, 100);
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    Click(133, 60);
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    Click(145, 140);
-    EXPECT_THAT(m_frame->m_notes, SizeIs(1));
-    Click(160, 100);
-    EXPECT_EQ(Look().Count(kBlue), 0) << "a click on nothing takes the selection away";
-    EXPECT_THAT(m_frame->m_notes, SizeIs(1));
-}
-
-TEST_F(PlotCtrl, SelectsTheFirstOfPointsWithOneX)
-{
-    OpenUsual();
-    Add(2.0, 2.0, "first");
-    Add(2.0, 8.0, "second");
-    Click(140, 60); // on the second
-    ASSERT_THAT(m_frame->m_notes, SizeIs(1));
-    EXPECT_STREQ(Told()->strLabelX, "first");
-}
-
-TEST_F(PlotCtrl, CountsClicksInsideThePlotOnly)
-{
-    OpenUsual();
-    Add(0.0, 5.0);
-    Add(10.0, 5.0);
-    for (const POINT at : {POINT{59, 100}, POINT{461, 100}, POINT{60, 19}, POINT{60, 221}})
-    {
-        Click(at.x, at.y);
-    }
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    Click(60, 20);
-    EXPECT_THAT(m_frame->m_notes, SizeIs(1));
-    Click(460, 220);
-    EXPECT_THAT(m_frame->m_notes, SizeIs(2));
-    Click(30, 100);
-    EXPECT_GT(Look().Count(kBlue), 0) << "a click outside leaves the selection alone";
-}
-
-TEST_F(PlotCtrl, SelectsNothingWithoutPoints)
-{
-    OpenUsual();
-    Click(200, 100);
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    EXPECT_EQ(Look().Count(kBlue), 0);
-}
-
-TEST_F(PlotCtrl, SelectsForTheHostWithoutTellingIt)
-{
-    OpenUsual();
-    Add(2.0, 2.0);
-    Add(4.0, 4.0);
-    m_chart->SlctData(3.9, -77.0);
-    support::Settle();
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    EXPECT_EQ(Look().At(220, 140), kBlue);
-    m_chart->SlctData(4.0, 4.0);
-    EXPECT_EQ(Look().At(220, 140), kRed) << "the same one again";
-}
-
-TEST_F(PlotCtrl, ForgetsItsPointsWhenCleared)
-{
-    OpenUsual();
-    Add(2.0, 2.0);
-    m_chart->SlctData(2.0, 2.0);
-    ASSERT_EQ(Look().At(140, 180), kBlue);
-    m_chart->Clear();
-    Shot shot = Look();
-    EXPECT_EQ(shot.Count(kBlue) + shot.Count(kRed), 0);
-    Click(140, 100);
-    EXPECT_THAT(m_frame->m_notes, IsEmpty());
-    Add(6.0, 2.0); // often where the old one lay
-    shot = Look();
-    EXPECT_EQ(shot.Count(kBlue), 0) << "a new point is not selected";
-    EXPECT_EQ(shot.At(300, 180), kRed);
-}
-
-TEST_F(PlotCtrl, MayBeDestroyedByItsParentWhenAClickIsTold)
-{
-    OpenUsual();
-    Add(2.0, 2.0);
-    m_frame->m_onNote = [&](ChartParent::Note const&) { m_chart.reset(); };
-    support::Click(support::ScreenPoint(m_chart->m_hWnd, 140, 100));
-    EXPECT_TRUE(support::PumpUntil([&] { return !m_chart; }));
-}
 
 // When it draws
 
