@@ -147,7 +147,28 @@ public:
         return {"combo.match", kEntries * kPasses, medians.ours, medians.reference, kTarget};
     }
 
+    /// The keystroke that begins an edit: all entries are backed up, and all are shown on either side.
+    [[nodiscard]] Row MeasureFirstKeystroke()
+    {
+        Medians const medians =
+            Interleave({[&] { Type(); }, [&] { m_ours.ShowDropDown(FALSE); }, [&] { Check(m_ours, m_turn); }},
+                       {[&] { Refill(); }, [&] { FillWhole(); }, [&] { Check(m_raw, m_rawTurn); }});
+        return {"combo.first", kEntries, medians.ours, medians.reference, std::nullopt};
+    }
+
 private:
+    /// All entries in the raw combo box, whose list is closed.
+    void FillWhole() const
+    {
+        ::SendMessageA(m_raw, CB_SHOWDROPDOWN, FALSE, 0);
+        ::SendMessageA(m_raw, CB_RESETCONTENT, 0, 0);
+        for (int i = 0; i < kEntries; ++i)
+        {
+            auto const at = ::SendMessageA(m_raw, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(EntryText(i).c_str()));
+            ::SendMessageA(m_raw, CB_SETITEMDATA, static_cast<WPARAM>(at), i);
+        }
+    }
+
     template <class Work>
     Row Measure(char const* name, Work refill, std::optional<double> target)
     {
@@ -196,7 +217,8 @@ private:
 std::vector<Row> RunCombo()
 {
     Combos combos;
-    return {combos.MeasureKeystroke(), combos.MeasureQuietKeystroke(), combos.MeasureMatching()};
+    return {combos.MeasureKeystroke(), combos.MeasureQuietKeystroke(), combos.MeasureMatching(),
+            combos.MeasureFirstKeystroke()};
 }
 
 Registration const kCombo("combo", RunCombo);

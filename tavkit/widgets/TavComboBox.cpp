@@ -97,6 +97,7 @@ struct CTavComboBox::Keystroke
 };
 
 BEGIN_MESSAGE_MAP(CTavComboBox, CComboBox)
+    ON_WM_DESTROY()
     ON_WM_MOUSEMOVE()
     ON_CONTROL_REFLECT_EX(CBN_DROPDOWN, OnDropDown)       // the list is about to show
     ON_CONTROL_REFLECT_EX(CBN_EDITUPDATE, OnEditUpdate)   // the user changed the text
@@ -111,6 +112,10 @@ void CTavComboBox::EnableTooltip(bool bEnable) { m_bToolTip = bEnable; }
 
 void CTavComboBox::EnableAutoComplete(bool bEnable, bool bFilter)
 {
+    if (m_bFilterList && !(bEnable && bFilter) && m_hWnd != nullptr)
+    {
+        RestoreContents(); // nobody would at the end of the edit
+    }
     m_bAutoComplete = bEnable;
     m_bFilterList = bEnable && bFilter;
 }
@@ -132,6 +137,13 @@ int CTavComboBox::FindByData(DWORD_PTR dwData)
     return CB_ERR;
 }
 
+void CTavComboBox::OnDestroy()
+{
+    // Entries that are hidden by the filter are deleted with the others, for a class that owns their data.
+    OnFinishEdit();
+    CComboBox::OnDestroy();
+}
+
 void CTavComboBox::PostNcDestroy()
 {
     // A window made anew begins anew.
@@ -147,6 +159,10 @@ void CTavComboBox::PostNcDestroy()
 
 bool CTavComboBox::AdjustDropppedWidth()
 {
+    if (m_hWnd == nullptr)
+    {
+        return false;
+    }
     CDC* const dc = GetDC();
     CFont* const font = GetFont();
     if (dc == nullptr || font == nullptr)

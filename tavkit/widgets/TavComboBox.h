@@ -48,7 +48,8 @@ public:
 
     /// Turning tips off leaves a tip that is set as it is.
     void EnableTooltip(bool bEnable);
-    /// @param bFilter  also filter the list; counts only with bEnable
+    /// @param bFilter  also filter the list; counts only with bEnable. Turning it off while the list is filtered brings
+    ///                 the entries back.
     void EnableAutoComplete(bool bEnable, bool bFilter);
     [[nodiscard]] bool IsAutoCompleteEnabled() const;
     /// Replaces the rule of matching, by which an entry matches that begins with the text, upper and lower case being
@@ -82,6 +83,7 @@ protected:
 
     int PreTranslateMessage(MSG* pMsg) override;
 
+    afx_msg void OnDestroy();
     afx_msg void OnMouseMove(UINT nFlags, CPoint point);
     // These let the parent see the notification too.
     afx_msg BOOL OnDropDown();

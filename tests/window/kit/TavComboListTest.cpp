@@ -183,6 +183,17 @@ TEST_F(TavComboFilter, AsManyResultsAsEntriesAreTakenForTheWholeList)
 
 using TavComboBackup = ComboTest;
 
+/// Keeps account of the data that its entries are deleted with.
+class OwnerDrawn : public WatchedCombo
+{
+public:
+    std::vector<DWORD_PTR> m_deleted;
+
+    void MeasureItem(LPMEASUREITEMSTRUCT item) override { item->itemHeight = 16; }
+    void DrawItem(LPDRAWITEMSTRUCT) override {}
+    void DeleteItem(LPDELETEITEMSTRUCT item) override { m_deleted.push_back(item->itemData); }
+};
+
 TEST_F(TavComboBackup, CopiesTextAndDataOfEveryEntry)
 {
     Open(kEntries);
@@ -242,16 +253,6 @@ TEST_F(TavComboBackup, DataAreClearedBeforeTheListIsEmptied)
 
 TEST_F(TavComboBackup, AnOwnerDrawnListFreesNothingThatTheBackupNeeds)
 {
-    /// Keeps account of the data that its entries are deleted with.
-    class OwnerDrawn : public WatchedCombo
-    {
-    public:
-        std::vector<DWORD_PTR> m_deleted;
-
-        void MeasureItem(LPMEASUREITEMSTRUCT item) override { item->itemHeight = 16; }
-        void DrawItem(LPDRAWITEMSTRUCT) override {}
-        void DeleteItem(LPDELETEITEMSTRUCT item) override { m_deleted.push_back(item->itemData); }
-    };
     OwnerDrawn combo;
     ASSERT_TRUE(combo.Create(kEditable | CBS_OWNERDRAWFIXED, kPlace, &*m_frame, kComboId));
     combo.SetItemData(combo.AddString("a"), 5);
@@ -264,6 +265,33 @@ TEST_F(TavComboBackup, AnOwnerDrawnListFreesNothingThatTheBackupNeeds)
     EXPECT_EQ(combo.GetItemData(1), 6U);
     combo.DestroyWindow();
     EXPECT_THAT(combo.m_deleted, testing::IsSupersetOf({DWORD_PTR{5}, DWORD_PTR{6}}));
+}
+
+TEST_F(TavComboBackup, EntriesThatAreHiddenAreDeletedWithTheWindow)
+{
+    OwnerDrawn combo;
+    ASSERT_TRUE(combo.Create(kEditable | CBS_OWNERDRAWFIXED, kPlace, &*m_frame, kComboId));
+    combo.SetItemData(combo.AddString("a"), 5);
+    combo.SetItemData(combo.AddString("b"), 6);
+    combo.EnableAutoComplete(true, true);
+    combo.SetFocus();
+    support::Settle();
+    Type("b");
+    ASSERT_EQ(combo.GetCount(), 1);
+    combo.DestroyWindow();
+    std::erase(combo.m_deleted, DWORD_PTR{0});
+    EXPECT_THAT(combo.m_deleted, testing::UnorderedElementsAre(5, 6));
+}
+
+TEST_F(TavComboBackup, TurningTheFilterOffInTheMiddleOfAnEditBringsTheEntriesBack)
+{
+    Open(kEntries);
+    m_combo->EnableAutoComplete(true, true);
+    Type("tw");
+    ASSERT_THAT(m_combo->Entries(), ElementsAre("two"));
+    m_combo->EnableAutoComplete(true, false);
+    EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+    EXPECT_EQ(m_combo->GetCurSel(), 1);
 }
 
 TEST_F(TavComboBackup, IsNotRestoredWhenThereIsNone)
@@ -440,6 +468,16 @@ TEST_F(TavComboMeasures, WithoutAFontTheWidthStays)
     EXPECT_EQ(m_combo->m_widthCalls, 0) << "the list of a control without a font opens as it is";
     EXPECT_FALSE(m_combo->AdjustDropppedWidth());
     EXPECT_EQ(m_combo->GetDroppedWidth(), width);
+}
+
+TEST_F(TavComboMeasures, AControlWithoutAWindowHasNone)
+{
+    CTavComboBox combo;
+    EXPECT_FALSE(combo.AdjustDropppedWidth());
+    combo.AdjustDroppedHeight(CRect(0, 0, 10, 10));
+    EXPECT_EQ(combo.FindByData(0), -1);
+    combo.EnableAutoComplete(true, true);
+    combo.EnableAutoComplete(false, false);
 }
 
 TEST_F(TavComboMeasures, OpeningTheListShowsTheArrowOnlyWithCompletion)
