@@ -131,10 +131,12 @@ UINT_PTR CALLBACK CFileDialog::HookProc(HWND hWnd, UINT message, WPARAM wParam, 
     CFileDialog* const dialog = state->m_pFileDialogInit;
     state->m_pFileDialogInit = nullptr; // a file dialog inside this one has an object of its own
     const MSG msg = {.hwnd = hWnd, .message = message, .wParam = wParam, .lParam = lParam, .time = 0, .pt = {}};
-    return static_cast<UINT_PTR>(AfxGuardHandler(msg, [&] {
+    AfxGuardHandler(msg, [&] {
         dialog->SubclassWindow(hWnd);
-        return static_cast<LRESULT>(dialog->OnInitDialog());
-    }));
+        dialog->OnInitDialog();
+        return LRESULT{0};
+    });
+    return FALSE; // the focus is the system's to set: to the file name, not into the panel
 }
 
 CString CFileDialog::GetPathName() const

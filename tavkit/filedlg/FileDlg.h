@@ -33,6 +33,7 @@ public:
     static constexpr int kLoad = 0;                      ///< mode
     static constexpr int kSave = 1;                      ///< mode
     static constexpr int kFilterSize = 8192;             ///< bytes of the filter text, its NUL included
+    static constexpr int kSelectionSize = 32768;         ///< bytes of the picked files' names, their NULs included
     static constexpr unsigned int kAllData = 0xFFFFFFFF; ///< data type word: whatever there is
 
     /// A ready-made offer of formats.

@@ -3,6 +3,10 @@
 
 #include "tavkit/frame/services/BDIMoniker.h"
 
+#include <algorithm>
+#include <string>
+#include <string_view>
+
 namespace tavkit
 {
 
@@ -12,7 +16,25 @@ namespace
 /// Names that mean a folder can't be the file to begin with.
 [[nodiscard]] bool IsFileName(DString const& name) { return !name.IsEmpty() && !(name == ".") && !(name == ".."); }
 
+[[nodiscard]] bool CanBegin(DString folder)
+{
+    folder.TrimRight("\\/");
+    return folder.GetLength() <= kLongestStartFolder;
+}
+
 } // namespace
+
+DString DefaultExtension(char const* defExt)
+{
+    std::string_view pattern = defExt ? defExt : "";
+    pattern = pattern.substr(0, pattern.find(';'));
+    if (const std::size_t dot = pattern.find('.'); dot != std::string_view::npos)
+    {
+        pattern.remove_prefix(dot + 1);
+    }
+    const bool open = pattern.find_first_of("*?") != std::string_view::npos;
+    return open ? "" : std::string(pattern).c_str();
+}
 
 FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const& folders, AccessTest const& access)
 {
@@ -24,7 +46,7 @@ FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const
     question.showFolders = setup.key && *setup.key && !setup.locked;
     question.filter = setup.filter;
     question.filterIndex = static_cast<unsigned int>(setup.index) + 1;
-    question.defExt = setup.defExt;
+    question.extension = DefaultExtension(setup.defExt);
     question.templateId = setup.templateId;
     question.title = setup.caption;
     question.options = setup.options;
@@ -39,7 +61,7 @@ FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const
     {
         folder = folders[0]; // a locked dialog begins there too, though it doesn't offer the folders
     }
-    if (!folder.IsEmpty() && access(folder.c_str(), question.open ? Access::Read : Access::Write))
+    if (!folder.IsEmpty() && CanBegin(folder) && access(folder.c_str(), question.open ? Access::Read : Access::Write))
     {
         question.startFolder = folder;
     }
@@ -49,6 +71,12 @@ FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const
         question.startName = name;
     }
     return question;
+}
+
+bool IsWholeSelection(std::span<char const> buffer) noexcept
+{
+    return std::all_of(buffer.begin() + (buffer.size() > 2 ? buffer.size() - 2 : 0), buffer.end(),
+                       [](char each) { return each == '\0'; });
 }
 
 DFileFrmt* FormatOfFilter(FormatOffer const& offer, unsigned int filterIndex)

@@ -7,9 +7,14 @@
 #include "tavkit/frame/services/DVector.h"
 
 #include <functional>
+#include <span>
 
 namespace tavkit
 {
+
+/// Longest folder, without a closing separator, that the system's dialog can begin in: one that has room for a file
+/// name of a single character. A longer one brings the dialog down.
+inline constexpr int kLongestStartFolder = 257;
 
 /// What a FileDlg brings to the question. The texts are borrowed for its duration and may be null.
 struct FileSetup
@@ -38,8 +43,8 @@ struct FileQuestion
     bool showFolders = false;     ///< offer `folders` to go to
     char const* filter = nullptr; ///< borrowed
     unsigned int filterIndex = 1; ///< filter to begin with, from 1
-    char const* defExt = nullptr; ///< borrowed
     int templateId = 0;
+    DString extension; ///< for a name that has none, without a dot; "" for none
     DString title;
     DString startFolder;          ///< "" leaves it to the system
     DString startName;            ///< what stands in the file name box
@@ -80,10 +85,19 @@ struct FileServices
     std::function<void(char const* key)> remember; ///< puts the folder of the result to the front of a category
 };
 
+/// The extension that a name without one gets: that of the first pattern, without its dot. "" for a pattern that leaves
+/// the extension open, and for null: the system would append it as it stands.
+[[nodiscard]] DString DefaultExtension(char const* defExt);
+
 /// What the dialog is asked for that setup.
 /// @param folders  of the category; the first is where the dialog begins if the setup names no folder, shown or not
 [[nodiscard]] FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const& folders,
                                             AccessTest const& access);
+
+/// True if all that was picked has fitted into the buffer: it ends with the zeros that close the last text. A dialog
+/// that lets several files be picked may cut what doesn't fit without a word.
+/// @param buffer  zero where nothing was written
+[[nodiscard]] bool IsWholeSelection(std::span<char const> buffer) noexcept;
 
 /// The format that a filter stands for; null for a filter beyond the offer, and for none.
 /// @param filterIndex  from 1; 0 for none

@@ -1,9 +1,10 @@
 // OpenMFCFileDlg.cpp - FileDlg's way from a question through the system's file dialog to the result
+#include "tavkit/filedlg/CustomFileDlg.h"
 #include "tavkit/filedlg/DfltFldrs.h"
 #include "tavkit/filedlg/FileDlg.h"
 #include "tavkit/filedlg/FileQuestion.h"
 
-#include <afxdlgs.h>
+#include "tavkit/frame/services/Report.h"
 
 #include <io.h>
 
@@ -13,36 +14,76 @@
 namespace
 {
 
-constexpr std::size_t kFileBufferSize = 32768; ///< bytes of the selection, zeros included
+/// Tells the user why the system ended the dialog without an answer, unless he cancelled it himself.
+void ReportFailure(DWORD error)
+{
+    switch (error)
+    {
+    case 0:
+        return;
+    case FNERR_BUFFERTOOSMALL:
+        Report::UserWarning("FileDlg::OpenMFCFileDlg: too many files, their names take more than %d characters",
+                            static_cast<int>(FileDlg::kSelectionSize));
+        return;
+    case CDERR_FINDRESFAILURE:
+        Report::UserWarning("FileDlg::OpenMFCFileDlg: the dialog template is not there");
+        return;
+    default:
+        Report::UserWarning("FileDlg::OpenMFCFileDlg: the file dialog failed (error %04lX)", error);
+        return;
+    }
+}
 
 bool AskInDialog(tavkit::FileQuestion const& question, tavkit::FileAnswer& answer)
 {
-    std::array<char, kFileBufferSize> buffer{};
-    CFileDialog dialog(question.open, question.defExt, nullptr,
-                       OFN_HIDEREADONLY | OFN_OVERWRITEPROMPT | OFN_ENABLESIZING, question.filter);
+    CCustomFileDlg dialog(question.open, question.extension, nullptr, question.filter, nullptr,
+                          static_cast<UINT>(question.templateId));
+    // Not every system looks for the panel before it shows its dialog, and without one it may fail badly.
+    if (!::FindResourceA(dialog.m_ofn.hInstance, dialog.m_ofn.lpTemplateName, RT_DIALOG))
+    {
+        ReportFailure(CDERR_FINDRESFAILURE);
+        return false;
+    }
     if (!question.overwritePrompt)
     {
         dialog.m_ofn.Flags &= ~static_cast<DWORD>(OFN_OVERWRITEPROMPT);
+    }
+    if (question.locked)
+    {
+        dialog.m_ofn.Flags |= OFN_NOCHANGEDIR | OFN_ENABLEHOOK;
     }
     if (question.several)
     {
         dialog.m_ofn.Flags |= OFN_ALLOWMULTISELECT;
     }
-    if (question.locked)
-    {
-        dialog.m_ofn.Flags |= OFN_NOCHANGEDIR;
-    }
+    dialog.m_bShowFolders = question.showFolders;
+    dialog.m_vecFolders = question.folders;
     if (!question.startFolder.IsEmpty())
     {
         dialog.m_ofn.lpstrInitialDir = question.startFolder;
     }
-    std::strncpy(buffer.data(), question.startName, buffer.size() - 1);
-    dialog.m_ofn.lpstrTitle = question.title;
+    std::array<char, FileDlg::kSelectionSize> selection{};
+    if (static_cast<std::size_t>(question.startName.GetLength()) < selection.size())
+    {
+        std::strcpy(selection.data(), question.startName);
+    }
+    if (!question.title.IsEmpty()) // otherwise the system has a title of its own
+    {
+        dialog.m_ofn.lpstrTitle = question.title;
+    }
     dialog.m_ofn.nFilterIndex = question.filterIndex;
-    dialog.m_ofn.lpstrFile = buffer.data();
-    dialog.m_ofn.nMaxFile = static_cast<DWORD>(buffer.size());
+    dialog.m_ofn.lpstrFile = selection.data();
+    dialog.m_ofn.nMaxFile = static_cast<DWORD>(selection.size());
+    dialog.m_strOptions = question.options;
+
     if (dialog.DoModal() == IDCANCEL)
     {
+        ReportFailure(::CommDlgExtendedError());
+        return false;
+    }
+    if (question.several && !tavkit::IsWholeSelection(selection))
+    {
+        ReportFailure(FNERR_BUFFERTOOSMALL);
         return false;
     }
     for (POSITION pos = dialog.GetStartPosition(); pos;)
@@ -50,7 +91,9 @@ bool AskInDialog(tavkit::FileQuestion const& question, tavkit::FileAnswer& answe
         answer.files.Append(DFile(dialog.GetNextPathName(pos)));
     }
     answer.filterIndex = dialog.m_ofn.nFilterIndex;
-    answer.options = question.options;
+    answer.options = static_cast<LPCTSTR>(dialog.m_strOptions);
+    answer.readOnly = dialog.m_bChckReadOnly;
+    answer.editOnly = dialog.m_bChckEditOnly;
     return true;
 }
 

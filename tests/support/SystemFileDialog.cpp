@@ -4,7 +4,6 @@
 
 #include <commctrl.h>
 #include <commdlg.h>
-#include <dlgs.h>
 
 #include <algorithm>
 #include <array>
@@ -14,8 +13,6 @@ namespace support
 namespace
 {
 constexpr const char* kDialogClass = "#32770";
-constexpr int kFileNameBox = cmb13;
-constexpr int kFilterBox = cmb1;
 constexpr int kBoxText = 0xFFFF; // the text of a message box
 
 /// The first window of that class below another, at any depth.
@@ -69,6 +66,8 @@ void ModalScript::Arm()
 {
     if (Done())
     {
+        // A loop that goes on after the last step is ended when the deadline has passed.
+        m_helpers.push_back(std::make_unique<ModalHelper>([] { return static_cast<HWND>(nullptr); }, [](HWND) {}));
         return;
     }
     m_helpers.push_back(std::make_unique<ModalHelper>(m_steps[m_done].first, [this](HWND window) {
@@ -78,6 +77,16 @@ void ModalScript::Arm()
         act(window);
     }));
 }
+
+std::string CurrentFolder()
+{
+    std::string folder(::GetCurrentDirectoryA(0, nullptr), '\0');
+    folder.resize(::GetCurrentDirectoryA(static_cast<DWORD>(folder.size()), folder.data()));
+    return folder;
+}
+
+CurrentFolderScope::CurrentFolderScope() : m_folder(CurrentFolder()) {}
+CurrentFolderScope::~CurrentFolderScope() { ::SetCurrentDirectoryA(m_folder.c_str()); }
 
 void WarmUpFileDialogs()
 {

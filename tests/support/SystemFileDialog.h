@@ -13,7 +13,8 @@
 namespace support
 {
 /// Steps done one after the other inside modal loops: each waits until its window is there and then acts on it. A step
-/// may open another loop; the next one then runs inside that.
+/// may open another loop; the next one then runs inside that. A window that doesn't come, and a loop that doesn't end
+/// after the last step, have their dialogs closed when the deadline has passed.
 class ModalScript
 {
 public:
@@ -37,9 +38,28 @@ private:
     size_t m_done = 0;
 };
 
+/// Puts the current folder back at its end: a file dialog leaves the one that it has shown.
+class CurrentFolderScope
+{
+public:
+    CurrentFolderScope();
+    ~CurrentFolderScope();
+    CurrentFolderScope(const CurrentFolderScope&) = delete;
+    CurrentFolderScope& operator=(const CurrentFolderScope&) = delete;
+
+private:
+    std::string m_folder;
+};
+
+/// The current folder, without a closing separator.
+[[nodiscard]] std::string CurrentFolder();
+
 /// Opens, once per process, what the system keeps for the life of a process after its first file dialogs: icons, lists
 /// and window contexts. Call before the leaks of a test are counted.
 void WarmUpFileDialogs();
+
+inline constexpr int kFileNameBox = 1148; ///< control of the file dialog
+inline constexpr int kFilterBox = 1136;   ///< control of the file dialog
 
 /// The file dialog of this thread once it shows its list of files; null before.
 [[nodiscard]] HWND FindFileDialog();

@@ -4,7 +4,9 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <initializer_list>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -103,7 +105,7 @@ TEST(FileQuestion, HandsOnWhatTheCallerSet)
     const FileQuestion question = MakeFileQuestion(setup, {}, Grants);
     EXPECT_THAT(question.filter, StrEq("Pictures|*.tif||"));
     EXPECT_EQ(question.filterIndex, 3U) << "the system counts from 1";
-    EXPECT_THAT(question.defExt, StrEq("*.tif"));
+    EXPECT_THAT(question.extension.c_str(), StrEq("tif"));
     EXPECT_THAT(question.title.c_str(), StrEq("Load Something..."));
     EXPECT_THAT(question.options.c_str(), StrEq("page=1"));
     EXPECT_EQ(question.templateId, 6103);
@@ -126,7 +128,7 @@ TEST(FileQuestion, TakesNullTextsForEmptyOnes)
     setup.filter = setup.defExt = setup.key = setup.caption = setup.initFile = setup.options = nullptr;
     const FileQuestion question = MakeFileQuestion(setup, {}, Grants);
     EXPECT_EQ(question.filter, nullptr);
-    EXPECT_EQ(question.defExt, nullptr);
+    EXPECT_TRUE(question.extension.IsEmpty());
     EXPECT_TRUE(question.title.IsEmpty());
     EXPECT_TRUE(question.options.IsEmpty());
     EXPECT_TRUE(question.startFolder.IsEmpty());
@@ -208,6 +210,54 @@ TEST(FileQuestion, DoesntAskForRightsToNoFolder)
         return true;
     });
     EXPECT_TRUE(question.startFolder.IsEmpty());
+}
+
+TEST(FileQuestion, ANameGetsTheExtensionOfTheFirstPatternUnlessThatIsOpen)
+{
+    struct Expected
+    {
+        char const* defExt;
+        char const* extension;
+    };
+    const Expected table[] = {
+        {"*.tif", "tif"},  {"tif", "tif"}, {".tif", "tif"}, {"*.dcp;*.dpr", "dcp"}, {"*.tar.gz", "tar.gz"},
+        {"*.*", ""},       {"*", ""},      {"*.ti?", ""},   {"*.tif*", ""},         {"", ""},
+        {"*.*;*.tif", ""}, {";", ""},      {"*.", ""},      {nullptr, ""},
+    };
+    for (Expected const& each : table)
+    {
+        EXPECT_THAT(DefaultExtension(each.defExt).c_str(), StrEq(each.extension)) << (each.defExt ? each.defExt : "");
+    }
+}
+
+TEST(FileQuestion, BeginsInNoFolderThatHasNoRoomForAFileName)
+{
+    const std::string longest = "C:\\" + std::string(254, 'd');
+    EXPECT_THAT(Asked((longest + "\\").c_str()).startFolder.c_str(), StrEq(longest + "\\"));
+    EXPECT_THAT(Asked((longest + "d\\a.tif").c_str()).startFolder.c_str(), StrEq(""));
+    EXPECT_THAT(Asked((longest + "d\\a.tif").c_str()).startName.c_str(), StrEq("a.tif"));
+    EXPECT_THAT(Asked("", {longest.c_str()}).startFolder.c_str(), StrEq(longest));
+    EXPECT_THAT(Asked("", {(longest + "d").c_str()}).startFolder.c_str(), StrEq(""));
+}
+
+TEST(FileQuestion, ASelectionThatIsCutIsNotWhole)
+{
+    char buffer[8] = {};
+    EXPECT_TRUE(IsWholeSelection(buffer));
+    for (const std::string& written : {std::string("C:\\\0a\0\0", 7), std::string("C:\\\0ab\0\0", 8)})
+    {
+        std::fill(std::begin(buffer), std::end(buffer), '\0');
+        std::copy(written.begin(), written.end(), buffer);
+        EXPECT_TRUE(IsWholeSelection(buffer));
+    }
+    for (const std::string& cut :
+         {std::string("C:\\\0abc\0", 8), std::string("C:\\\0ab\0c", 8), std::string("C:\\\0abcd", 8)})
+    {
+        std::copy(cut.begin(), cut.end(), buffer);
+        EXPECT_FALSE(IsWholeSelection(buffer));
+    }
+    EXPECT_TRUE(IsWholeSelection({}));
+    EXPECT_FALSE(IsWholeSelection(std::span<char const>("a", 1)));
 }
 
 TEST(FileQuestion, OffersTheFoldersOfACategoryUnlessItIsLocked)

@@ -70,6 +70,7 @@ class FileDialog : public support::WindowTest
 {
 protected:
     support::TempFolder m_folder;
+    support::CurrentFolderScope m_current; // back before the folder goes
 
     void SetUp() override
     {
