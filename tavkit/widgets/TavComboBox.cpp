@@ -40,6 +40,10 @@ COMBOBOXINFO InfoOf(HWND combo)
     return info;
 }
 
+// The list of a combo box, for what is asked of each entry: the control would only pass every question on to it. Null
+// for a window of another kind.
+CListBox const* ListOf(HWND combo) { return static_cast<CListBox*>(CWnd::FromHandle(InfoOf(combo).hwndList)); }
+
 // A list that isn't drawn while its entries are exchanged.
 class NoRedraw
 {
@@ -177,11 +181,12 @@ bool CTavComboBox::AdjustDropppedWidth()
 
     int widest = 0;
     int entriesHeight = 0;
-    int const count = GetCount();
+    CListBox const* const list = ListOf(m_hWnd);
+    int const count = list != nullptr ? list->GetCount() : 0;
     CString text;
     for (int i = 0; i < count; ++i)
     {
-        GetLBText(i, text);
+        list->GetText(i, text);
         widest = std::max<int>(widest, dc->GetTextExtent(text).cx + metrics.tmAveCharWidth);
         entriesHeight += GetItemHeight(i);
     }
@@ -247,17 +252,22 @@ void CTavComboBox::SafeResetContents()
 void CTavComboBox::BackupContents()
 {
     SetCount(m_Backup, 0);
-    int const count = GetCount();
+    CListBox const* const list = ListOf(m_hWnd);
+    if (list == nullptr)
+    {
+        return;
+    }
+    int const count = list->GetCount();
     m_Backup.SetSize(count);
     for (int i = 0; i < count; ++i)
     {
         ComboItem& item = m_Backup[i];
-        GetLBText(i, item.m_strText);
-        item.m_dwData = GetItemData(i);
+        list->GetText(i, item.m_strText);
+        item.m_dwData = list->GetItemData(i);
     }
     if (m_rcDropped.Height() == 0)
     {
-        ::GetWindowRect(InfoOf(m_hWnd).hwndList, &m_rcDropped);
+        list->GetWindowRect(m_rcDropped);
     }
 }
 

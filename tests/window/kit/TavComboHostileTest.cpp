@@ -223,6 +223,22 @@ TEST_F(TavComboHostile, AWindowMadeAnewInTheMiddleOfAnEditBeginsAnew)
     EXPECT_EQ(m_combo->m_Backup.GetCount(), 1);
 }
 
+TEST_F(TavComboHostile, AWindowOfAnotherKindHasNoList)
+{
+    Open(kEntries);
+    m_combo.reset();
+    m_combo = std::make_unique<WatchedCombo>();
+    ASSERT_TRUE(m_combo->SubclassWindow(::CreateWindowExA(0, "EDIT", "text", WS_CHILD | WS_VISIBLE, 20, 20, 200, 20,
+                                                          *m_frame, nullptr, nullptr, nullptr)));
+    m_combo->SetFont(&m_font);
+    m_combo->BackupContents();
+    EXPECT_TRUE(m_combo->m_Backup.IsEmpty());
+    m_combo->AdjustDropppedWidth();
+    m_combo->AdjustDroppedHeight(CRect(0, 0, 10, 10));
+    m_combo->RestoreContents();
+    m_combo->UpdateToolTip();
+}
+
 TEST_F(TavComboHostile, AControlTakenOverFromADialogCompletes)
 {
     HWND const window = ::CreateWindowExA(0, "COMBOBOX", "", kEditable, 20, 20, 200, 200, *m_frame,
