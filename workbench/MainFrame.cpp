@@ -53,8 +53,15 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_WM_GETMINMAXINFO()  // no smaller than its parts need
     ON_WM_SETFOCUS()       // goes on to the part that had it last
     ON_WM_SYSCOLORCHANGE() // only top-level windows are told
-    ON_COMMAND(IDM_FILE_OPEN, OnFileOpen)
-    ON_COMMAND(IDM_FILE_OPEN_TABLE, OnFileOpenTable)
+    ON_COMMAND(IDM_FILE_OPEN_WORKSPACE, OnFileOpenWorkspace)
+    ON_COMMAND(IDM_FILE_OPEN_PROJECT, OnFileOpenProject)
+    ON_COMMAND(IDM_FILE_OPEN_FOLDER, OnFileOpenFolder)
+    ON_COMMAND(IDM_FILE_IMPORT_IMAGES, OnFileImportImages)
+    ON_COMMAND(IDM_FILE_IMPORT_THEMATIC, OnFileImportThematic)
+    ON_COMMAND(IDM_FILE_LOAD_TABLE, OnFileLoadTable)
+    ON_COMMAND(IDM_FILE_SAVE_CONTENTS, OnFileSaveContents)
+    ON_COMMAND(IDM_FILE_SAVE_PROJECT, OnFileSaveProject)
+    ON_COMMAND(IDM_FILE_SAVE_WORKSPACE, OnFileSaveWorkspace)
     ON_COMMAND(IDM_FILE_EXIT, OnFileExit)
     ON_COMMAND(IDM_EDIT_RENAME, OnEditRename)
     ON_COMMAND(IDM_EDIT_DELETE, OnEditDelete)
@@ -76,6 +83,7 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_GO_PIXEL_SIZE, OnGoPixelSize)
     ON_COMMAND(IDM_GO_TABLE, OnGoTable)
     ON_COMMAND(IDM_GO_CLASS, OnGoClass)
+    ON_UPDATE_COMMAND_UI(IDM_FILE_SAVE_CONTENTS, OnUpdateSaveContents)
     ON_UPDATE_COMMAND_UI(IDM_EDIT_RENAME, OnUpdateHasPicture)
     ON_UPDATE_COMMAND_UI(IDM_EDIT_DELETE, OnUpdateHasPicture)
     ON_UPDATE_COMMAND_UI(IDM_VIEW_DETAILS, OnUpdateDetails)
@@ -108,7 +116,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_CONTROL(EN_SETFOCUS, IDC_PIXEL_SIZE, OnPixelSizeFocus)
 END_MESSAGE_MAP()
 
-MainFrame::MainFrame(const char* profileSection) : cdxCDynamicWnd(FreedomXY, kNoFlags), m_profileSection(profileSection)
+MainFrame::MainFrame(const char* profileSection, Formats& formats)
+    : cdxCDynamicWnd(FreedomXY, kNoFlags), m_profileSection(profileSection), m_formats(formats)
 {
 }
 

@@ -11,6 +11,7 @@
 #include "workbench/PictureListCtrl.h"
 #include "workbench/PictureView.h"
 #include "workbench/PlotPane.h"
+#include "workbench/ProjectFile.h"
 #include "workbench/ProjectPane.h"
 #include "workbench/Settings.h"
 #include "workbench/TablePane.h"
@@ -21,8 +22,12 @@
 #include <string>
 #include <string_view>
 
+class FileDlg;
+
 namespace workbench
 {
+class Formats;
+
 /// Title of the main window.
 inline constexpr char kTitle[] = "TavKit Workbench";
 
@@ -36,7 +41,8 @@ class MainFrame : public CFrameWnd, private cdxCDynamicWnd
 {
 public:
     /// @param profileSection  where settings are remembered; a literal
-    explicit MainFrame(const char* profileSection);
+    /// @param formats         that the file dialogs offer; outlives the window
+    MainFrame(const char* profileSection, Formats& formats);
 
     /// Creates the window with all its parts, not shown yet.
     /// @return FALSE when the system refuses; the object is gone then.
@@ -58,8 +64,16 @@ protected:
     afx_msg void OnGetMinMaxInfo(MINMAXINFO* info);
     afx_msg void OnSetFocus(CWnd* old);
     afx_msg void OnSysColorChange();
-    afx_msg void OnFileOpen();
-    afx_msg void OnFileOpenTable();
+    afx_msg void OnFileOpenWorkspace();
+    afx_msg void OnFileOpenProject();
+    afx_msg void OnFileOpenFolder();
+    afx_msg void OnFileImportImages();
+    afx_msg void OnFileImportThematic();
+    afx_msg void OnFileLoadTable();
+    afx_msg void OnFileSaveContents();
+    afx_msg void OnFileSaveProject();
+    afx_msg void OnFileSaveWorkspace();
+    afx_msg void OnUpdateSaveContents(CCmdUI* command);
     afx_msg void OnFileExit();
     afx_msg void OnEditRename();
     afx_msg void OnEditDelete();
@@ -114,7 +128,11 @@ private:
     __dynEntry const* __getDynMap(__dynEntry const* base) const override;
     [[nodiscard]] BOOL CreateParts();
     void Apply(const Settings& settings);
-    [[nodiscard]] std::string AskForFile(const char* title, const std::string& filter);
+    [[nodiscard]] std::string TryProject(const ProjectContent& project);
+    void ShowAsIn(const WorkspaceContent& workspace);
+    [[nodiscard]] ProjectContent ProjectAsItIs();
+    void Import(const FileDlg& dialog, unsigned int (*kindOf)(const std::string& moniker));
+    void AddToProject(const std::vector<repository::NodeRecord>& items);
     void OpenTable(const std::string& path);
     [[nodiscard]] std::string TryTable(const std::string& path);
     void TellLater(const std::string& problem);
@@ -142,6 +160,7 @@ private:
     bool TakeListKey(WPARAM key);
 
     const char* m_profileSection;
+    Formats& m_formats;
     Settings m_settings; // as they are in the profile
     CFont m_font;
     DialogUnits m_units;
@@ -166,6 +185,7 @@ private:
     bool m_isProjectChoice = false;    // what is shown was chosen in the project
     bool m_isFilling = false;          // what the list tells meanwhile isn't the user's doing
     std::string m_measured;            // the picture that the table belongs to
+    std::string m_readOnlyWorkspace;   // path of the one that was opened so; empty for none
     std::string m_problem;             // to be told when the notification under way is over
     std::optional<PictureInfo> m_info; // of the picture shown
     std::string m_pixelSizeBefore;     // what Esc brings back

@@ -7,55 +7,12 @@
 #include "workbench/SettingsDlg.h"
 #include "workbench/resource.h"
 
-#include <commdlg.h>
-
 #include <algorithm>
 #include <utility>
 #include <vector>
 
 namespace workbench
 {
-std::string MainFrame::AskForFile(const char* title, const std::string& filter)
-{
-    std::vector<char> path(MAX_PATH);
-    OPENFILENAMEA dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = m_hWnd;
-    dialog.lpstrFilter = filter.c_str();
-    dialog.lpstrFile = path.data();
-    dialog.nMaxFile = static_cast<DWORD>(path.size());
-    dialog.lpstrInitialDir = m_pictures.Folder().c_str();
-    dialog.lpstrTitle = title;
-    dialog.Flags =
-        OFN_EXPLORER | OFN_ENABLESIZING | OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    if (::GetOpenFileNameA(&dialog))
-    {
-        return path.data();
-    }
-    if (const DWORD error = ::CommDlgExtendedError(); error != 0)
-    {
-        const std::string text = "The dialog for opening a file failed (error " + std::to_string(error) + ").";
-        AfxMessageBox(text.c_str(), MB_OK | MB_ICONEXCLAMATION);
-    }
-    return {};
-}
-
-void MainFrame::OnFileOpen()
-{
-    if (const std::string path = AskForFile("Open Picture", PictureFilter()); !path.empty())
-    {
-        OpenPath(path);
-    }
-}
-
-void MainFrame::OnFileOpenTable()
-{
-    if (const std::string path = AskForFile("Open Table", TableFilter()); !path.empty())
-    {
-        OpenTable(path);
-    }
-}
-
 void MainFrame::OnFileExit() { PostMessage(WM_CLOSE); }
 
 void MainFrame::OnEditRename()

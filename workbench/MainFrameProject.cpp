@@ -1,6 +1,7 @@
 // MainFrameProject.cpp - the main window and its project: what is chosen there is shown, what is shown is chosen there
 #include "workbench/MainFrame.h"
 
+#include "host/FileBytes.h"
 #include "host/PathText.h"
 #include "workbench/PictureNames.h"
 #include "workbench/resource.h"
@@ -78,7 +79,8 @@ void MainFrame::ShowItem(const ProjectItem& item)
         m_list.Select(m_current);
         m_isFilling = false;
         m_page = parts.options.empty() ? std::string() : item.moniker;
-        m_pageName = item.label;
+        // What the user typed behind the name of something imported is a part of it.
+        m_pageName = item.imported && !parts.options.empty() ? std::string(parts.options.substr(1)) : item.label;
         ShowCurrent();
     }
     else if ((item.kind & bdiTable) != 0)
@@ -115,6 +117,13 @@ void MainFrame::ListPictures(const std::string& folder, std::string_view name)
     if (!isListed || (!name.empty() && IndexOfName(m_pictures.Names(), name) < 0))
     {
         m_pictures.Load(folder);
+        // What was imported may be a picture under any name.
+        const std::string path = host::JoinPath(folder, name);
+        const bool isOdd = !name.empty() && IndexOfName(m_pictures.Names(), name) < 0;
+        if (isOdd && ::GetFileAttributesW(host::WidePath(path).c_str()) != INVALID_FILE_ATTRIBUTES)
+        {
+            m_pictures.Load(path);
+        }
         FillRows();
     }
 }

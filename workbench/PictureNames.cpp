@@ -1,10 +1,8 @@
 #include "workbench/PictureNames.h"
 
 #include "host/repository/NodeNames.h"
-#include "host/tables/TableFormat.h"
 
 #include <algorithm>
-#include <span>
 
 namespace workbench
 {
@@ -12,31 +10,16 @@ namespace
 {
 std::string_view WithoutExtension(std::string_view name) { return name.substr(0, name.rfind('.')); }
 
-std::string Patterns(std::span<const std::string_view> extensions)
+/// "*.tif;*.tiff" and so on.
+std::string PicturePatterns()
 {
     std::string patterns;
-    for (const auto extension : extensions)
+    for (const auto extension : repository::PictureExtensions())
     {
         patterns += patterns.empty() ? "*." : ";*.";
         patterns += extension;
     }
     return patterns;
-}
-
-std::string Filter(std::string_view kind, std::span<const std::string_view> extensions)
-{
-    const std::string patterns = Patterns(extensions);
-    std::string filter(kind);
-    filter += " (" + patterns + ")";
-    filter += '\0';
-    filter += patterns;
-    filter += '\0';
-    filter += "All files (*.*)";
-    filter += '\0';
-    filter += "*.*";
-    filter += '\0';
-    filter += '\0';
-    return filter;
 }
 } // namespace
 
@@ -80,11 +63,6 @@ std::string NameProblem(std::string_view name)
     {
         return "The name of a file can't hold any of \\/:*?\"<>|.";
     }
-    return IsPictureName(name) ? ""
-                               : "A picture's name ends with one of " + Patterns(repository::PictureExtensions()) + ".";
+    return IsPictureName(name) ? "" : "A picture's name ends with one of " + PicturePatterns() + ".";
 }
-
-std::string PictureFilter() { return Filter("Pictures", repository::PictureExtensions()); }
-
-std::string TableFilter() { return Filter("Tables", table::TableExtensions()); }
 } // namespace workbench

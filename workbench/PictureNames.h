@@ -25,8 +25,4 @@ void SortNames(std::vector<std::string>& names);
 
 /// Why a picture can't have that name, as a sentence; empty when it can.
 [[nodiscard]] std::string NameProblem(std::string_view name);
-
-/// Pairs of description and pattern for the system's open dialog, each text closed by a NUL, and one more at the end.
-[[nodiscard]] std::string PictureFilter();
-[[nodiscard]] std::string TableFilter();
 } // namespace workbench

@@ -2,14 +2,17 @@
 
 #include "host/PathText.h"
 #include "host/repository/NodeNames.h"
+#include "tavkit/frame/NoCase.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace workbench
 {
 namespace
 {
 constexpr char kGroupLabel[] = "New Group";
+constexpr char kImportLabel[] = "Imported";
 constexpr std::string_view kBlanks = " \t";
 
 [[nodiscard]] std::string_view WithoutBlanks(std::string_view text) noexcept
@@ -17,6 +20,12 @@ constexpr std::string_view kBlanks = " \t";
     const std::size_t begin = text.find_first_not_of(kBlanks);
     return begin == std::string_view::npos ? std::string_view()
                                            : text.substr(begin, text.find_last_not_of(kBlanks) - begin + 1);
+}
+/// A text that is the same for names that differ at most in the case of ASCII letters.
+[[nodiscard]] std::string Folded(std::string text)
+{
+    std::ranges::transform(text, text.begin(), [](char c) { return static_cast<char>(tavkit::FoldedByte(c)); });
+    return text;
 }
 } // namespace
 
@@ -272,6 +281,60 @@ SearchResult Project::FindNext(std::string_view text, ProjectId after, const Fil
         }
         came = next;
     }
+}
+
+std::vector<ProjectId> Project::Import(const std::vector<repository::NodeRecord>& items)
+{
+    std::vector<ProjectId> added;
+    const ProjectItem* const root = Find(m_root);
+    if (!root)
+    {
+        return added;
+    }
+    std::unordered_set<std::string> known;
+    for (const auto& [id, item] : m_items)
+    {
+        known.insert(Folded(item.moniker));
+    }
+    const auto& first = root->children;
+    const auto found =
+        std::ranges::find_if(first, [&](ProjectId id) { return Find(id)->kind == 0 && Find(id)->imported; });
+    ProjectId group = found == first.end() ? 0 : *found;
+    for (const repository::NodeRecord& record : items)
+    {
+        if (!known.insert(Folded(record.id)).second)
+        {
+            continue;
+        }
+        ProjectItem item;
+        item.imported = true;
+        if (group == 0)
+        {
+            ProjectItem shared = item;
+            shared.label = kImportLabel;
+            shared.filled = true;
+            group = Add(std::move(shared), {m_root, first.size()}).id;
+        }
+        item.kind = record.kind;
+        item.moniker = record.id;
+        item.label = record.display;
+        added.push_back(Add(std::move(item), {group, Find(group)->children.size()}).id);
+    }
+    return added;
+}
+
+std::vector<repository::NodeRecord> Project::Imported() const
+{
+    std::vector<repository::NodeRecord> items;
+    std::unordered_set<std::string> monikers;
+    for (const ProjectItem* item = Find(m_root); item; item = Find(Next(*item)))
+    {
+        if (item->imported && item->kind != 0 && monikers.insert(item->moniker).second)
+        {
+            items.push_back({item->kind, item->moniker, item->label});
+        }
+    }
+    return items;
 }
 
 ProjectItem& Project::Add(ProjectItem item, ProjectPlace place)

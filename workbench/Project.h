@@ -24,8 +24,9 @@ struct ProjectItem
     unsigned int kind = 0; ///< bits of BDINodeKind; 0 for a group that the user made
     std::string moniker;   ///< what the item stands for; empty for a group
     std::string label;
-    bool hidden = false; ///< by itself, whatever it stands in
-    bool filled = false; ///< its children are known
+    bool hidden = false;   ///< by itself, whatever it stands in
+    bool filled = false;   ///< its children are known
+    bool imported = false; ///< wasn't found in the folder, but put beside what lies there
     std::vector<ProjectId> children;
 
     /// True for what other items can be put into: folders and groups, not the pages of a picture.
@@ -100,6 +101,12 @@ public:
     /// Makes an empty group whose label no brother has.
     /// @return the group; 0 if it can't go there
     ProjectId MakeGroup(ProjectPlace place);
+    /// Puts what was imported at the end of a group that it shares, which is made at the end of the root. What an item
+    /// stands for already is passed over.
+    /// @return the items that are new, all in that group; none without a root
+    std::vector<ProjectId> Import(const std::vector<repository::NodeRecord>& items);
+    /// What was imported and not removed since, in the order of the tree, each moniker once.
+    [[nodiscard]] std::vector<repository::NodeRecord> Imported() const;
     /// Gives an item another label, blanks at both ends left out. False, and nothing changed, for a blank one.
     bool Rename(ProjectId id, std::string_view label);
     /// A file has another path now: the items that stand for it, or for a page of it, follow; so do labels that are its

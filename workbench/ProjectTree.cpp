@@ -107,7 +107,35 @@ bool ProjectTree::OpenFolder(const std::string& path)
     return true;
 }
 
-void ProjectTree::Reload() { OpenFolder(std::string(m_folder)); }
+void ProjectTree::Reload()
+{
+    const auto imported = m_project.Imported();
+    OpenFolder(std::string(m_folder));
+    Import(imported);
+}
+
+bool ProjectTree::Import(const std::vector<repository::NodeRecord>& items)
+{
+    const Quiet quiet(*this, false);
+    for (const ProjectId id : m_project.Import(items))
+    {
+        const ProjectItem& item = *m_project.Find(id);
+        if (!RowOf(item.parent))
+        {
+            ShowRow(item.parent, {item.parent}); // with all that it holds
+        }
+        else if (!m_opened.contains(item.parent))
+        {
+            Open(item.parent);
+        }
+        else if (!RowOf(id))
+        {
+            InsertRow(item, RowOf(item.parent), TVI_LAST);
+            UpdateButton(item.parent);
+        }
+    }
+    return m_project.Root() != 0;
+}
 
 const ProjectItem* ProjectTree::Chosen() const { return m_project.Find(IdOf(GetSelectedItem())); }
 

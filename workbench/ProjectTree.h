@@ -44,8 +44,11 @@ public:
     /// Begins anew with a folder, unfolded once. False if it can't be opened; the tree is empty then.
     bool OpenFolder(const std::string& path);
 
-    /// Begins anew with the folder as it is now; groups and other changes are gone.
+    /// Begins anew with the folder as it is now, and with what was imported; groups and other changes are gone.
     void Reload();
+    /// Puts what was imported beside what lies in the folder, unfolded; what is in the project already is left alone.
+    /// Not told to the parent. False if there is no project.
+    bool Import(const std::vector<repository::NodeRecord>& items);
 
     [[nodiscard]] const Project& Items() const { return m_project; }
     /// The chosen item; null if there is none. Valid until the next change.

@@ -95,6 +95,15 @@ std::string TablePane::OpenTable(const std::string& path)
     return Show({path, columns, std::nullopt}, std::move(reader));
 }
 
+void TablePane::SaveToFile()
+{
+    {
+        const CWaitCursor wait;
+        m_list->ReadAllRows();
+    }
+    m_list->SaveToFile();
+}
+
 /// Makes a list for the table and puts it in the place of the present one.
 std::string TablePane::Show(const Shown& shown, std::unique_ptr<IAttrData> reader)
 {

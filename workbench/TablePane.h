@@ -29,6 +29,10 @@ public:
     /// Shows all rows of a table in place of the one before.
     /// @return why that can't be done, as a sentence; the table before stays then. Empty on success.
     [[nodiscard]] std::string OpenTable(const std::string& path);
+    /// The table that is shown; empty for none.
+    [[nodiscard]] const std::string& Path() const { return m_shown.path; }
+    /// Asks for a file and writes all rows that are shown into it, read or not.
+    void SaveToFile();
     /// Where the selected object lies; none without one.
     [[nodiscard]] const std::optional<ObjectPlace>& Place() const { return m_place; }
     /// Selects a row by its number in the table, from 0, and scrolls it into view. If it is of another class than those

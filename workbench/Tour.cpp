@@ -109,6 +109,7 @@ void Tour::Run()
             VisitAbout();
             VisitNames();
             VisitProject();
+            VisitFiles();
             VisitBadFiles();
         }
         WritePage();

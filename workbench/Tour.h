@@ -58,6 +58,9 @@ private:
     void VisitDelete();
     void VisitAbout();
     void VisitDetails();
+    void VisitFiles();
+    void VisitImports(const std::filesystem::path& folder);
+    void VisitWorkspace(const std::filesystem::path& folder);
     void VisitBadFiles();
     void Leave();
     void WritePage();
@@ -109,8 +112,13 @@ private:
     bool AwaitChosen(const std::string& label, const std::string& what);
     /// Pulls a row onto another until that is marked as the target; the button stays down.
     void PullRow(const std::string& label, const std::string& onto, automation::Button button);
-    /// Opens a file by its name in the system's dialog that is on the screen.
+    /// Types the name of a file into the system's dialog that is on the screen. @return the dialog; null without one
+    HWND NameInDialog(const char* title, const std::string& path);
+    /// Answers the system's dialog that is on the screen by the name of a file.
     void OpenInDialog(const char* title, const std::string& path, const char* pictureName, const char* caption);
+    /// Opens a folder by Ctrl+O and chooses one of its pictures.
+    void OpenFolder(const std::filesystem::path& folder, const std::string& name, const char* pictureName,
+                    const char* caption);
     [[nodiscard]] HWND Focus() const;
     /// A visible top-level window of the program, by class and, unless null, title; null when there is none.
     [[nodiscard]] HWND Popup(const char* className, const char* title) const;

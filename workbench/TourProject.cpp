@@ -35,6 +35,7 @@ std::filesystem::path MakeProject(const std::filesystem::path& samples)
         std::filesystem::copy_file(samples / name, folder / name, error);
     }
     std::filesystem::copy_file(samples / "deepfield.tif", folder / kSubFolder / "deepfield.tif", error);
+    std::filesystem::copy_file(samples / "deepfield_objects.csv", folder / "cell8_objects.csv", error); // a result
     return folder;
 }
 } // namespace
@@ -108,9 +109,7 @@ void Tour::VisitProject()
 {
     const auto samples = ShownFolder();
     const auto folder = MakeProject(samples);
-    PressKey('O', {VK_CONTROL});
-    OpenInDialog("Open Picture", (folder / "cell8.tif").string(), "open-project", "Opening a folder of its own.");
-    Await([&] { return ViewText().starts_with((folder / "cell8.tif").string()); }, "the folder is opened");
+    OpenFolder(folder, "cell8.tif", "open-project", "Opening a folder of its own.");
     AwaitChosen("cell8.tif", "the picture that is shown is chosen in the project");
     PressKey('J', {VK_MENU});
     Await([this] { return Focus() == Tree(); }, "Alt+J goes to the project");
@@ -121,9 +120,7 @@ void Tour::VisitProject()
     VisitProjectDrags();
     VisitProjectSearch(folder);
 
-    PressKey('O', {VK_CONTROL});
-    OpenInDialog("Open Picture", (samples / "cell16.tif").string(), "open-samples-again", "Back to the samples again.");
-    Await([&] { return ViewText().starts_with((samples / "cell16.tif").string()); }, "the samples are back again");
+    OpenFolder(samples, "cell16.tif", "open-samples-again", "Back to the samples again.");
     PressKey('C', {VK_MENU});
     Await([this] { return Focus() == Part(IDC_PICTURE_LIST); }, "Alt+C goes back to the list");
     std::error_code error;
@@ -152,7 +149,7 @@ void Tour::VisitLayers()
         return;
     }
     const auto hasTitle = [this](const char* title) { return TextOf(LayerWindow()) == title; };
-    Await([&] { return hasTitle("Layers: 4 images, 1 table, 0 results"); }, "the layers of the project are counted");
+    Await([&] { return hasTitle("Layers: 4 images, 1 table, 1 result"); }, "the layers of the project are counted");
     const HWND list = ::GetDlgItem(LayerWindow(), IDC_LAYER_LIST);
     const RECT place = PlaceOf(list);
     constexpr int kSecondRow = 52;
@@ -163,7 +160,7 @@ void Tour::VisitLayers()
     Click(POINT{place.left + kCaption, place.top + kSecondRow});
     Await([this] { return ViewText().find("cell8.tif") != std::string::npos; }, "a card shows its picture");
     Click(POINT{place.right - kMinus, place.top + kSecondRow});
-    Await([&] { return hasTitle("Layers: 3 images, 1 table, 0 results"); }, "the minus takes a layer out");
+    Await([&] { return hasTitle("Layers: 3 images, 1 table, 1 result"); }, "the minus takes a layer out");
     Picture("layers-removed", "A layer is taken out; the plus of its group offers it again.");
     PressKey(VK_ESCAPE);
     Await([this] { return LayerWindow() == nullptr; }, "Esc hides the layers");

@@ -16,7 +16,7 @@ using automation::TypeText;
 
 namespace
 {
-constexpr char kTableTitle[] = "Open Table";
+constexpr char kTableTitle[] = "Load Table...";
 // Columns of the sample tables in the list, behind that of the row numbers.
 constexpr int kColumnX = 2;
 constexpr int kColumnArea = 4;
@@ -132,8 +132,7 @@ void Tour::VisitNames()
         Check(!error, std::string(name) + " can be copied");
     }
     HWND list = Part(IDC_PICTURE_LIST);
-    PressKey('O', {VK_CONTROL});
-    OpenInDialog("Open Picture", (folder / "cell8.tif").string(), "open-copy", "Opening a copy of the samples.");
+    OpenFolder(folder, "cell8.tif", "open-copy", "Opening a copy of the samples.");
     constexpr int kCopies = 4;
     Await([&] { return ListCount() == kCopies && ViewText().find(folder.string()) != std::string::npos; },
           "the copies are listed");
@@ -171,9 +170,7 @@ void Tour::VisitNames()
     Await([&] { return !::IsWindow(box) && ListText(0) == "my " + before; }, "the old name is back");
     Await([&] { return Focus() == list; }, "the focus is back in the list of names");
 
-    PressKey('O', {VK_CONTROL});
-    OpenInDialog("Open Picture", (samples / "cell16.tif").string(), "open-samples", "Back to the samples.");
-    Await([&] { return ViewText().starts_with((samples / "cell16.tif").string()); }, "the samples are back");
+    OpenFolder(samples, "cell16.tif", "open-samples", "Back to the samples.");
     std::filesystem::remove_all(folder, error);
 }
 } // namespace workbench

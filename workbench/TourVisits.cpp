@@ -315,24 +315,6 @@ void Tour::VisitDetails()
     Await([&] { return Focus() == button; }, "the focus is back on the button");
 }
 
-void Tour::OpenInDialog(const char* title, const std::string& path, const char* pictureName, const char* caption)
-{
-    HWND dialog = nullptr;
-    if (!Await([&] { return (dialog = Popup(kDialogClass, title)) != nullptr && ::IsWindowEnabled(dialog); },
-               std::string("the system's dialog \"") + title + "\" opens"))
-    {
-        return;
-    }
-    constexpr int kNameId = 1148; // cmb13 of the system's dialog
-    HWND name = ::GetDlgItem(dialog, kNameId);
-    Await([&] { return Focus() == name || ::IsChild(name, Focus()); }, "the file name has the focus");
-    TypeText(path);
-    Await([&] { return TextOf(name) == path; }, "the file's name can be typed");
-    Picture(pictureName, caption);
-    PressKey(VK_RETURN);
-    Await([&] { return !::IsWindow(dialog); }, "Enter closes the system's dialog");
-}
-
 void Tour::VisitBadFiles()
 {
     std::error_code error;
@@ -342,8 +324,7 @@ void Tour::VisitBadFiles()
     const auto broken = folder / kBrokenName;
     Check(WriteBrokenPicture(broken), "the broken picture can be written");
 
-    PressKey('O', {VK_CONTROL});
-    OpenInDialog("Open Picture", broken.string(), "open", "Opening a picture by its name.");
+    OpenFolder(folder, kBrokenName, "open", "Opening a folder.");
     Await([this] { return ViewText() == std::string("\"") + kBrokenName + "\" can't be read."; },
           "a picture that can't be read is named");
     Check(StatusText(0) == kBrokenName, "the status bar names the broken picture");

@@ -3,6 +3,7 @@
 #include "automation/FinishedMark.h"
 #include "tavkit/frame/Module.h"
 #include "tavkit/layout/DynamicWndEx.h"
+#include "workbench/Formats.h"
 #include "workbench/MainFrame.h"
 #include "workbench/Options.h"
 #include "workbench/PictureList.h"
@@ -46,6 +47,7 @@ BOOL WorkbenchApp::InitInstance()
     TavKitInit();
     m_started = true;
     m_drivers.emplace();
+    m_formats = std::make_unique<Formats>();
 
     const bool tour = !options.tourFolder.empty();
     if (tour)
@@ -54,7 +56,7 @@ BOOL WorkbenchApp::InitInstance()
         const CString places = cdxCDynamicWndEx::M_lpszAutoPosProfileSection;
         WriteProfileString(places + "\\" + MainFrame::SettingsPlace(kTourSection), nullptr, nullptr);
     }
-    auto* const frame = new MainFrame(tour ? kTourSection : kSection); // deletes itself with its window
+    auto* const frame = new MainFrame(tour ? kTourSection : kSection, *m_formats); // deletes itself with its window
     if (!frame->CreateWindows())
     {
         AfxMessageBox("The main window can't be made.", MB_OK | MB_ICONERROR);
@@ -81,6 +83,7 @@ int WorkbenchApp::ExitInstance()
         code = automation::Finish(m_tour->Wait() ? EXIT_SUCCESS : EXIT_FAILURE);
         m_tour.reset();
     }
+    m_formats.reset();
     m_drivers.reset();
     if (m_started)
     {

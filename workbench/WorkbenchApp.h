@@ -10,6 +10,7 @@
 
 namespace workbench
 {
+class Formats;
 class Tour;
 
 /// Starts the library, shows the main window and, when asked, drives it through the tour.
@@ -24,6 +25,7 @@ public:
 
 private:
     std::optional<repository::StandardDrivers> m_drivers; // while there are windows
+    std::unique_ptr<Formats> m_formats;                   // the same
     std::unique_ptr<Tour> m_tour;
     bool m_started = false; // the library's graphics
 };

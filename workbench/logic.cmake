@@ -6,6 +6,7 @@ set(WORKBENCH_LOGIC_SOURCES
     Options.cpp
     PictureNames.cpp
     Project.cpp
+    ProjectFile.cpp
     ScaleBar.cpp
     TickChoice.cpp
     TourPage.cpp)

@@ -16,6 +16,8 @@ struct NodeRecord
     unsigned int kind = 0; ///< bits of BDINodeKind
     std::string id;        ///< text of the moniker that names the node
     std::string display;   ///< what a user reads
+
+    bool operator==(const NodeRecord&) const = default;
 };
 
 /// An opened repository. What lies in it may change or vanish at any time: an operation then answers by what it finds.

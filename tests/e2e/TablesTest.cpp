@@ -72,7 +72,7 @@ protected:
     {
         PressKey('T', {VK_CONTROL});
         HWND dialog = nullptr;
-        ASSERT_TRUE(PumpUntil([&] { return (dialog = Workbench().Popup(kDialogClass, "Open Table")) != nullptr; }));
+        ASSERT_TRUE(PumpUntil([&] { return (dialog = Workbench().Popup(kDialogClass, "Load Table...")) != nullptr; }));
         HWND name = ::GetDlgItem(dialog, 1148);
         ASSERT_TRUE(PumpUntil([&] { return ::IsChild(name, Workbench().Focus()) != FALSE; }));
         TypeText(path);

@@ -374,30 +374,6 @@ TEST_F(WorkbenchKeys, F5ReadsFolderAndPictureAnewAndKeepsTheChoice)
     EXPECT_TRUE(PumpUntil([&] { return Workbench().Status(statusSize) == "300 x 300 pixels"; }));
 }
 
-TEST_F(WorkbenchKeys, CtrlOOpensAPictureOfAnotherFolder)
-{
-    Start(Samples());
-    const std::string picture = WriteTwoColours("opened.bmp", 40, 40);
-    PressKey('O', {VK_CONTROL});
-    HWND dialog = nullptr;
-    ASSERT_TRUE(PumpUntil([&] { return (dialog = Workbench().Popup(kDialogClass, "Open Picture")) != nullptr; }));
-    HWND name = ::GetDlgItem(dialog, 1148);
-    ASSERT_TRUE(PumpUntil([&] { return ::IsChild(name, Workbench().Focus()) != FALSE; }));
-    TypeText(picture);
-    ASSERT_TRUE(PumpUntil([&] { return TextOf(name) == picture; }));
-    PressKey(VK_RETURN);
-    EXPECT_TRUE(Shows(picture));
-    EXPECT_THAT(Workbench().Names(), ElementsAre("opened.bmp"));
-    EXPECT_TRUE(PumpUntil([&] { return Workbench().Focus() == Workbench().List(); }));
-
-    PressKey('O', {VK_CONTROL});
-    ASSERT_TRUE(PumpUntil([&] { return (dialog = Workbench().Popup(kDialogClass, "Open Picture")) != nullptr; }));
-    ASSERT_TRUE(PumpUntil([&] { return ::IsChild(::GetDlgItem(dialog, 1148), Workbench().Focus()) != FALSE; }));
-    PressKey(VK_ESCAPE);
-    ASSERT_TRUE(PumpUntil([&] { return !::IsWindow(dialog); }));
-    EXPECT_TRUE(Shows(picture)) << "Esc changes nothing";
-}
-
 TEST_F(WorkbenchKeys, MenusOpenByMouseAndLetterAndCloseByEsc)
 {
     Start(Samples());

@@ -373,4 +373,48 @@ TEST_F(ProjectTest, ASearchIsInterruptedAndGoesOn)
     ASSERT_EQ(third.end, SearchEnd::found);
     EXPECT_EQ(m_project.Find(third.item)->label, "deep7");
 }
+
+TEST_F(ProjectTest, WhatIsImportedStandsInAGroupAtTheEnd)
+{
+    const auto added = m_project.Import({{bdiRaster, "x/p", "p"}, {bdiVector, "x/v", "v"}});
+    EXPECT_EQ(Text(), "root(sub a b c Imported(p v))");
+    ASSERT_EQ(added.size(), 2U);
+    EXPECT_EQ(m_project.Find(added[0])->moniker, "x/p");
+    EXPECT_EQ(m_project.Find(added[1])->kind, bdiVector);
+    EXPECT_EQ(m_project.Import({{bdiTable, "x/t", "t"}}).size(), 1U);
+    EXPECT_EQ(Text(), "root(sub a b c Imported(p v t))") << "the group is shared";
+    m_project.Rename(m_project.Find(added[0])->parent, "mine");
+    (void)m_project.Import({{bdiTable, "x/u", "u"}});
+    EXPECT_EQ(Text(), "root(sub a b c mine(p v t u))") << "under whatever label";
+}
+
+TEST_F(ProjectTest, WhatIsThereAlreadyIsntImported)
+{
+    EXPECT_TRUE(m_project.Import({}).empty());
+    EXPECT_TRUE(m_project.Import({{bdiRaster, "R/A", "A"}}).empty());
+    EXPECT_EQ(Text(), "root(sub a b c)") << "no group for nothing";
+    EXPECT_EQ(
+        m_project.Import({{bdiRaster, "x/p", "p"}, {bdiRaster, "X/P", "P"}, {bdiRaster, "r/a?page=1", "a1"}}).size(),
+        2U);
+    EXPECT_EQ(Text(), "root(sub a b c Imported(p a1))");
+}
+
+TEST_F(ProjectTest, WhatWasImportedIsKnownWhereverItWasMoved)
+{
+    const std::vector<NodeRecord> items{{bdiRaster, "x/p", "p"}, {bdiVector, "x/v", "v"}, {bdiTable, "x/t", "t"}};
+    const auto added = m_project.Import(items);
+    EXPECT_EQ(m_project.Imported(), items);
+    ASSERT_TRUE(m_project.Move(added[2], {m_root, 0}));
+    ASSERT_NE(m_project.Copy(added[0], {m_root, 0}), 0U);
+    ASSERT_TRUE(m_project.Remove(added[1]));
+    EXPECT_EQ(m_project.Imported(), (std::vector<NodeRecord>{items[0], items[2]}))
+        << "each once, in the order of the tree";
+}
+
+TEST_F(ProjectTest, WithoutARootNothingIsImported)
+{
+    m_project.Clear();
+    EXPECT_TRUE(m_project.Import({{bdiRaster, "x/p", "p"}}).empty());
+    EXPECT_TRUE(m_project.Imported().empty());
+}
 } // namespace

@@ -106,12 +106,4 @@ TEST(NameProblem, RefusesWhatNoPictureCanBeCalled)
             << name;
     }
 }
-
-TEST(PictureFilter, IsAListOfPairsThatEndsWithTwoNuls)
-{
-    const std::string filter = PictureFilter();
-    EXPECT_TRUE(filter.ends_with("\0*.*\0\0"sv));
-    EXPECT_NE(filter.find("\0*.tif;*.tiff;*.png;*.jpg;*.jpeg;*.bmp;*.gif\0"sv), std::string::npos);
-    EXPECT_TRUE(TableFilter().starts_with("Tables (*.csv;*.tcsv;*.txt;*.tsv;*.tab;*.dbf)\0*.csv;"sv));
-}
 } // namespace
