@@ -1,6 +1,8 @@
 // RepositoryDrvr.cpp
 #include "host/repository/RepositoryDrvr.h"
 
+#include "host/PathText.h"
+
 #include <cassert>
 #include <exception>
 #include <utility>
@@ -44,7 +46,10 @@ void* RepositoryDrvr::OpenRepository(char const* path, BDINode** root)
     }
     return NullIfThrown([&]() -> Shared* {
         std::unique_ptr<Shared> opened;
-        if (Shared repository = path ? Shared(m_open(path)) : nullptr)
+        // Whoever asks by a moniker asks for the file: what its options mean is said of nodes.
+        const std::string_view whole = path ? path : "";
+        const std::string_view file = whole.substr(0, whole.size() - host::SplitPath(whole).options.size());
+        if (Shared repository = path ? Shared(m_open(file)) : nullptr)
         {
             opened = std::make_unique<Shared>(std::move(repository));
             if (root)

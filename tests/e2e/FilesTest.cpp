@@ -236,6 +236,24 @@ TEST_F(WorkbenchFiles, AnImageLayerIsImportedIntoTheProjectAndShown)
     EXPECT_TRUE(TreeIs("project(a.bmp Imported(b.bmp))")) << "once is enough";
 }
 
+TEST_F(WorkbenchFiles, SeveralImageLayersAreImportedAtATime)
+{
+    StartWithPictures();
+    WriteTwoColours("more\\c.bmp", 30, 30);
+    WriteFile("more\\bad.bmp", "no picture");
+    Command(IDM_FILE_IMPORT_IMAGES);
+    HWND dialog = AwaitFileDialog(kImportImages);
+    ASSERT_NE(dialog, nullptr);
+    TypeName(dialog, (Folder() / "more").string());
+    PressKey(VK_RETURN); // goes there
+    ASSERT_TRUE(PumpUntil([&] { return TextOf(::GetDlgItem(dialog, kFileName)).empty(); }));
+    TypeName(dialog, "\"b.bmp\" \"bad.bmp\" \"c.bmp\"");
+    PressKey(VK_RETURN);
+    AnswerProblem("wasn't imported:\n\nbad.bmp");
+    EXPECT_TRUE(TreeIs("project(a.bmp Imported(b.bmp c.bmp))"));
+    EXPECT_TRUE(Shows(m_more));
+}
+
 TEST_F(WorkbenchFiles, ASlideOfSeveralPagesAsksWhichOnes)
 {
     StartWithPictures();
@@ -259,6 +277,14 @@ TEST_F(WorkbenchFiles, ASlideOfSeveralPagesAsksWhichOnes)
     Answer(kImportImages, support::SamplePath("slides.tif"));
     selector = AwaitPart(kSelectorList);
     ASSERT_NE(selector, nullptr);
+    PressKey(VK_ESCAPE);
+    ASSERT_TRUE(PumpUntil([&] { return !::IsWindow(selector); }));
+
+    ImportWithOptions(support::SamplePath("slides.tif"), "sharp");
+    selector = AwaitPart(kSelectorList);
+    ASSERT_NE(selector, nullptr);
+    EXPECT_TRUE(PumpUntil([&] { return Workbench().RowCount(::GetDlgItem(selector, kSelectorList)) > 1; }))
+        << "whatever the options are";
     PressKey(VK_ESCAPE);
     ASSERT_TRUE(PumpUntil([&] { return Workbench().Popup(kDialogClass) == nullptr; }));
     EXPECT_TRUE(TreeIs("project(a.bmp Imported(slides.tif, page=1))")) << "Esc changes nothing";

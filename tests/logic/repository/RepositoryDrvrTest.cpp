@@ -186,6 +186,18 @@ TEST_F(RepositoryDrvrTest, NothingIsOpenedWhereThereIsNothing)
     EXPECT_EQ(m_driver.Live(), LiveCounts{});
 }
 
+TEST_F(RepositoryDrvrTest, OptionsBehindTheNameAreNoPartOfWhatIsOpened)
+{
+    for (const char* const moniker : {"r?", "r?page=1", "r?a=1?b=2"})
+    {
+        void* const repository = m_driver.OpenRepository(moniker, nullptr);
+        EXPECT_THAT(repository, NotNull()) << moniker;
+        m_driver.CloseRepository(repository);
+    }
+    EXPECT_THAT(m_driver.OpenRepository("?page=1", nullptr), IsNull());
+    EXPECT_THAT(m_driver.OpenRepository("\\\\?\\r", nullptr), IsNull()) << "the prefix of a long path is kept";
+}
+
 TEST_F(RepositoryDrvrTest, TheRootIsOptionalAndNullIsHarmless)
 {
     void* const repository = m_driver.OpenRepository("r", nullptr);
