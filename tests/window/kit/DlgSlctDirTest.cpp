@@ -5,8 +5,6 @@
 #include "tests/window/kit/FolderBrowser.h"
 #include "tests/window/kit/ImportHook.h"
 
-#include <commctrl.h>
-
 #include <functional>
 #include <string>
 #include <type_traits>
@@ -22,7 +20,7 @@ using folderbrowser::IsOkEnabled;
 using folderbrowser::kEdit;
 using folderbrowser::kNewFolder;
 using folderbrowser::kTitle;
-using folderbrowser::kTree;
+using folderbrowser::SelectedLabel;
 using folderbrowser::SelectPath;
 using folderbrowser::TextOf;
 using support::ModalHelper;
@@ -76,7 +74,7 @@ protected:
         {
             CDlgSlctDir dialog(nullptr);
             dialog.m_strInitDir = start.c_str();
-            Browse(dialog, [](HWND first) {
+            Show(dialog, [](HWND first) {
                 // A second one at a time has images of its own.
                 CDlgSlctDir second(nullptr);
                 const ModalHelper helper([first] { return BrowserBeside(first); }, Cancel);
@@ -110,20 +108,6 @@ protected:
         HWND const browser = folderbrowser::Current();
         return browser != first ? browser : nullptr;
     }
-    /// What the tree has selected, by its label.
-    static std::string SelectedLabel(HWND browser)
-    {
-        HWND const tree = ::FindWindowExA(Find(browser, kTree), nullptr, WC_TREEVIEWA, nullptr);
-        HWND const view = tree ? tree : Find(browser, kTree);
-        char text[MAX_PATH + 1] = "";
-        TVITEMA item{};
-        item.mask = TVIF_TEXT;
-        item.hItem = reinterpret_cast<HTREEITEM>(::SendMessageA(view, TVM_GETNEXTITEM, TVGN_CARET, 0));
-        item.pszText = text;
-        item.cchTextMax = sizeof text;
-        ::SendMessageA(view, TVM_GETITEMA, 0, reinterpret_cast<LPARAM>(&item));
-        return text;
-    }
     static bool IsAbove(HWND window, HWND other)
     {
         while (other && other != window)
@@ -134,7 +118,12 @@ protected:
     }
 
     /// Asks, with something done while the browser is up.
-    static int Browse(CDlgSlctDir& dialog, std::function<void(HWND)> const& act)
+    int Browse(CDlgSlctDir& dialog, std::function<void(HWND)> const& act) const
+    {
+        folderbrowser::Steady(m_folder);
+        return Show(dialog, act);
+    }
+    static int Show(CDlgSlctDir& dialog, std::function<void(HWND)> const& act)
     {
         const ModalHelper helper([] { return folderbrowser::Current(); }, act);
         const int result = dialog.DoBrowse();
@@ -380,9 +369,10 @@ TEST_F(DlgSlctDir, WithoutAPatternOkIsLeftAlone)
 {
     CDlgSlctDir dialog(m_frame);
     dialog.m_strInitDir = m_folder.Path().c_str();
+    std::string const other = m_folder.MakeFolder("other");
     Browse(dialog, [&](HWND browser) {
         ::SendMessageA(browser, BFFM_ENABLEOK, 0, FALSE);
-        SelectPath(browser, m_folder.MakeFolder("other"));
+        SelectPath(browser, other);
         ::SendMessageA(browser, BFFM_ENABLEOK, 0, TRUE);
         EXPECT_TRUE(support::PumpUntil([browser] { return IsOkEnabled(browser); }));
         Cancel(browser);

@@ -50,8 +50,9 @@ protected:
     }
 
     /// Asks, with something done while the browser is up.
-    static bool Open(FileDlg& dlg, std::function<void(HWND)> const& act)
+    bool Open(FileDlg& dlg, std::function<void(HWND)> const& act) const
     {
+        folderbrowser::Steady(m_folder);
         const ModalHelper helper(folderbrowser::Current, act);
         const bool result = dlg.OpenActnLib(0);
         EXPECT_TRUE(helper.Done()) << "the browser never came";
@@ -117,7 +118,7 @@ TEST_F(ActnLibOpener, BeginsInTheStoredFolderAndAcceptsOnlyOneWithALibrary)
     const std::string without = m_folder.MakeFolder("without");
     Store("ActnLibDir", without.c_str());
     ScriptedDlg dlg;
-    EXPECT_TRUE(Open(dlg, [&](HWND browser) {
+    ASSERT_TRUE(Open(dlg, [&](HWND browser) {
         EXPECT_TRUE(support::PumpUntil([browser] { return !folderbrowser::IsOkEnabled(browser); }));
         Pick()(browser);
     }));
@@ -157,7 +158,7 @@ TEST_F(ActnLibOpener, SeparatorsAtTheEndOfTheFolderAreOne)
     };
     const ImportHook hook("TavKit.dll", "shell32.dll", "SHGetPathFromIDListA", reinterpret_cast<void*>(&Shell::Path));
     ScriptedDlg dlg;
-    EXPECT_TRUE(Open(dlg, Pick()));
+    ASSERT_TRUE(Open(dlg, Pick()));
     EXPECT_THAT(Result(dlg), StrCaseEq(m_with + "\\actions.alx"));
 }
 
@@ -181,7 +182,7 @@ TEST_F(ActnLibOpener, WithAChosenFormatTheLibraryGetsTheDriverOfTheWorkbenchsOwn
         FileDlg::pFrmt_actnlib = each.own;
         ScriptedDlg dlg;
         dlg.PickFormat(each.chosen);
-        EXPECT_TRUE(Open(dlg, Pick()));
+        ASSERT_TRUE(Open(dlg, Pick()));
         EXPECT_EQ(dlg.GetFile(0)->GetDrvr(), each.driver);
         EXPECT_EQ(dlg.Chosen(), each.chosen);
     }

@@ -97,6 +97,13 @@ TEST_F(MetaOpener, ThePluginsFormatDecidesIfItHasAny)
     EXPECT_EQ(Begins("Heads", "xmp", &all), "Settings") << "it has none: as without a plug-in";
 }
 
+TEST_F(MetaOpener, WithoutAnExtensionAFormatForFilesWithoutOneIsNotPreferred)
+{
+    m_heads.m_formats.emplace_back("RDM", "Read me", "README");
+    EXPECT_EQ(Begins("Heads", ""), "Headers");
+    EXPECT_EQ(Begins("Heads", nullptr), "Headers");
+}
+
 TEST_F(MetaOpener, APluginThatIsntThereIsAsNone)
 {
     EXPECT_EQ(Begins("heads", "xmp"), "Settings") << "names are exact";
