@@ -87,10 +87,6 @@ TEST_F(NativeFileDlg, ThePanelHasFoldersAndOptionsByDefault)
         {
             EXPECT_TRUE(IsShown(ControlOf(dialog, id))) << id;
         }
-        support::Settle();
-        CRect shot;
-        ::GetWindowRect(dialog, shot);
-        support::SaveScreenshot(support::OutputFolder() + "\\file dialog options.png", shot);
     });
 }
 
@@ -101,10 +97,6 @@ TEST_F(NativeFileDlg, ThePanelOfWorkspacesHasFoldersAndCheckBoxes)
         ExpectControls(PanelOf(dialog), kCheckPanel);
         EXPECT_FALSE(IsChecked(ControlOf(dialog, kReadOnly)));
         EXPECT_FALSE(IsChecked(ControlOf(dialog, kProjectEdit)));
-        support::Settle();
-        CRect shot;
-        ::GetWindowRect(dialog, shot);
-        support::SaveScreenshot(support::OutputFolder() + "\\file dialog check boxes.png", shot);
     });
 }
 
@@ -351,4 +343,37 @@ TEST_F(NativeFileDlg, GrowingLeavesHiddenFoldersAlone)
             EXPECT_EQ(PlaceOf(ControlOf(dialog, kFolders)), combo);
         },
         "");
+}
+
+TEST_F(NativeFileDlg, ThePanelIsReachedByTheTabKeyAndEnterInItEndsTheDialog)
+{
+    const auto whenFocused = [](int id) {
+        return [id] {
+            const HWND dialog = FindFileDialog();
+            return dialog && ::GetFocus() == ControlOf(dialog, id) ? dialog : nullptr;
+        };
+    };
+    ModalScript script;
+    script
+        .Then(
+            [] {
+                const HWND dialog = FindFileDialog();
+                return ::IsChild(::GetDlgItem(dialog, support::kFileNameBox), ::GetFocus()) ? dialog : nullptr;
+            },
+            [](HWND dialog) {
+                SetFileName(dialog, "a.tif");
+                ::SetFocus(ControlOf(dialog, kFolders));
+                support::PressKey(VK_TAB);
+            })
+        .Then(whenFocused(kOptions), [](HWND) { support::TypeText("page=7"); })
+        .Then(
+            [] {
+                const HWND dialog = FindFileDialog();
+                return TextOf(ControlOf(dialog, kOptions)) == "page=7" ? dialog : nullptr;
+            },
+            [](HWND) { support::PressKey(VK_RETURN); })
+        .Start();
+    EXPECT_TRUE(Open());
+    EXPECT_TRUE(script.Done());
+    EXPECT_THAT(m_dlg.Files(), ElementsAre(m_folder.Path("a.tif?page=7")));
 }

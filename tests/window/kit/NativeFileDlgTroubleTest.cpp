@@ -120,6 +120,33 @@ TEST_F(NativeFileDlg, APanelThatIsNotThereIsReported)
     EXPECT_THAT(m_told.m_texts, ElementsAre("warning: FileDlg::OpenMFCFileDlg: the dialog template is not there"));
 }
 
+TEST_F(NativeFileDlg, AFileInPlaceOfAFolderIsNotWhereItBegins)
+{
+    m_dlg.SetInitFile((m_folder.Path("a.tif") + "\\b.tif").c_str());
+    SetFolders(m_folder.Path("a.tif"));
+    const std::string target = m_folder.Path("c.csv");
+    EXPECT_TRUE(Ask([&](HWND dialog) {
+        EXPECT_EQ(support::FileName(dialog), "b.tif");
+        SetFileName(dialog, target);
+    }));
+    EXPECT_THAT(m_dlg.Files(), ElementsAre(target));
+}
+
+TEST_F(NativeFileDlg, AFolderThatGoesWhileTheDialogIsUpLeavesItUp)
+{
+    SetFolders(m_sub + ";" + m_folder.Path());
+    m_dlg.SetInitFile((m_sub + "\\").c_str());
+    const std::string target = m_folder.Path("a.tif");
+    EXPECT_TRUE(Ask([&](HWND dialog) {
+        ::SetCurrentDirectoryA(m_folder.Path().c_str());
+        EXPECT_TRUE(::RemoveDirectoryA(m_sub.c_str()));
+        PickFolder(dialog, 0);
+        EXPECT_THAT(m_told.m_texts, ElementsAre("notice: Folder '" + m_sub + "' not found"));
+        SetFileName(dialog, target);
+    }));
+    EXPECT_THAT(m_dlg.Files(), ElementsAre(target));
+}
+
 TEST_F(NativeFileDlg, BeginsInTheLongestFolderThatHasRoomForAFile)
 {
     const DeepFolder deep(m_folder.Path(), 257);
