@@ -35,13 +35,20 @@ using ItemList = std::unique_ptr<ITEMIDLIST, Free>;
 {
     wchar_t name[MAX_PATH];
     Microsoft::WRL::ComPtr<IShellFolder> desktop;
-    ITEMIDLIST* list = nullptr;
-    if (::MultiByteToWideChar(CP_ACP, 0, folder, -1, name, MAX_PATH) == 0 || FAILED(::SHGetDesktopFolder(&desktop)) ||
-        FAILED(desktop->ParseDisplayName(nullptr, nullptr, name, nullptr, &list, nullptr)))
+    ItemList list(nullptr, Free{allocator});
+    if (::MultiByteToWideChar(CP_ACP, 0, folder, -1, name, MAX_PATH) == 0 || FAILED(::SHGetDesktopFolder(&desktop)))
     {
-        list = nullptr;
+        return list;
     }
-    return ItemList(list, Free{allocator});
+    // One system puts into a list when each folder was last looked into, and parsing looks into them: only the second
+    // list is like those that the browser makes.
+    for (int i = 0; i < 2; ++i)
+    {
+        ITEMIDLIST* parsed = nullptr;
+        const HRESULT result = desktop->ParseDisplayName(nullptr, nullptr, name, nullptr, &parsed, nullptr);
+        list.reset(SUCCEEDED(result) ? parsed : nullptr);
+    }
+    return list;
 }
 
 void OnBrowserUp(HWND browser, char const* folder)

@@ -256,6 +256,33 @@ TEST_F(DlgSlctDir, AGivenFolderIsStartedInAndTheStoredOneIsntRead)
     EXPECT_THAT(std::string(dialog.m_strInitDir), StrEq(given));
 }
 
+TEST_F(DlgSlctDir, AFolderThatNobodyHasLookedIntoForLongIsStartedInToo)
+{
+    std::string const outer = m_folder.MakeFolder("outer");
+    std::string const inner = m_folder.MakeFolder("outer\\a long name inside");
+    for (std::string const& folder : {Bare(m_folder.Path()), outer, inner})
+    {
+        HANDLE const handle = ::CreateFileA(folder.c_str(), FILE_WRITE_ATTRIBUTES, FILE_SHARE_READ | FILE_SHARE_WRITE,
+                                            nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+        ASSERT_NE(handle, INVALID_HANDLE_VALUE);
+        SYSTEMTIME const longAgo{2020, 1, 3, 1, 0, 0, 0, 0};
+        FILETIME time;
+        ::SystemTimeToFileTime(&longAgo, &time);
+        EXPECT_TRUE(::SetFileTime(handle, nullptr, &time, nullptr));
+        ::CloseHandle(handle);
+    }
+    CDlgSlctDir dialog(m_frame);
+    dialog.m_strInitDir = inner.c_str();
+    EXPECT_EQ(Browse(dialog,
+                     [](HWND browser) {
+                         EXPECT_EQ(SelectedLabel(browser), "a long name inside");
+                         Accept(browser);
+                     }),
+              1);
+    EXPECT_THAT(std::string(dialog.m_strPath), StrCaseEq(inner));
+    ::RemoveDirectoryA(inner.c_str());
+}
+
 TEST_F(DlgSlctDir, TheStoredFolderComesBeforeTheHistory)
 {
     std::string const stored = m_folder.MakeFolder("stored");
