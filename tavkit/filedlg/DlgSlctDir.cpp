@@ -158,9 +158,11 @@ int CDlgSlctDir::DoBrowse()
     m_nImage = info.iImage;
     const bool isFolder = ::SHGetPathFromIDListA(list.get(), m_strPath.GetBuffer(MAX_PATH)) != FALSE;
     m_strPath.ReleaseBuffer();
-    if (isFolder && !m_strKey.IsEmpty())
+    if (!isFolder)
     {
-        tavkit::WriteFldrSttng(m_strKey, m_strPath);
+        m_strPath = before;
+        return 0;
     }
-    return isFolder ? 1 : 0;
+    tavkit::WriteFldrSttng(m_strKey, m_strPath);
+    return 1;
 }

@@ -26,7 +26,8 @@ void CTavListCtrl::SaveToFile()
 {
     FileDlg dialog;
     const LifeWatch watch(m_life);
-    if (!dialog.OpenSaveCSV(kCaption) || watch.IsGone())
+    const auto isGone = [&] { return watch.IsGone() || m_hWnd == nullptr; };
+    if (!dialog.OpenSaveCSV(kCaption) || isGone())
     {
         return;
     }
@@ -45,7 +46,7 @@ void CTavListCtrl::SaveToFile()
         for (int col = 0; col < m_nNumCol; ++col)
         {
             const CString text = GetItemText(row, col);
-            if (watch.IsGone()) // a list that asks for its texts calls out
+            if (isGone()) // a list that asks for its texts calls out
             {
                 return;
             }

@@ -61,6 +61,8 @@ struct Selections
         asked->iImage = kImage; // not every system's browser tells one
         return list;
     }
+    static HRESULT WINAPI NoAllocator(IMalloc**) { return E_FAIL; }
+    static BOOL WINAPI NoPath(ITEMIDLIST const*, char*) { return FALSE; }
 };
 
 class DlgSlctDir : public support::WindowTest
@@ -434,6 +436,44 @@ TEST_F(DlgSlctDir, TheBrowserIsAskedForWithTheseFlags)
     Browse(dialog, Accept);
     EXPECT_EQ(Selections::info.ulFlags, 0x259U);
     EXPECT_EQ(dialog.m_nImage, Selections::kImage);
+}
+
+TEST_F(DlgSlctDir, WithoutTheShellsAllocatorNothingIsReadAndNoBrowserComes)
+{
+    AfxGetApp()->WriteProfileString(kSection, kKey, m_folder.Path().c_str());
+    const ImportHook hook("TavKit.dll", "shell32.dll", "SHGetMalloc",
+                          reinterpret_cast<void*>(&Selections::NoAllocator));
+    CDlgSlctDir dialog(m_frame);
+    dialog.m_strKey = kKey;
+    EXPECT_EQ(dialog.DoBrowse(), 0);
+    EXPECT_THAT(dialog.m_strInitDir, StrEq(""));
+}
+
+TEST_F(DlgSlctDir, AnAnswerThatIsNoFolderIsNoneAndNothingIsStored)
+{
+    const ImportHook hook("TavKit.dll", "shell32.dll", "SHGetPathFromIDListA",
+                          reinterpret_cast<void*>(&Selections::NoPath));
+    CDlgSlctDir dialog(m_frame);
+    dialog.m_strKey = kKey;
+    dialog.m_strInitDir = m_folder.Path().c_str();
+    dialog.m_strPath = "before";
+    EXPECT_EQ(Browse(dialog, Accept), 0);
+    EXPECT_THAT(dialog.m_strPath, StrEq("before"));
+    EXPECT_THAT(Stored(), StrEq("(nothing)"));
+}
+
+TEST_F(DlgSlctDir, AnItemThatIsNoFolderLeavesOkAsItIs)
+{
+    const ImportHook hook("TavKit.dll", "shell32.dll", "SHGetPathFromIDListA",
+                          reinterpret_cast<void*>(&Selections::NoPath));
+    CDlgSlctDir dialog(m_frame);
+    dialog.m_strInitDir = m_folder.Path().c_str();
+    dialog.m_strFilePttr = "*.alx"; // there is none
+    Browse(dialog, [&](HWND browser) {
+        support::Settle();
+        EXPECT_TRUE(IsOkEnabled(browser));
+        Cancel(browser);
+    });
 }
 
 TEST_F(DlgSlctDir, ASecondBrowserBringsTheFirstToTheTopInstead)

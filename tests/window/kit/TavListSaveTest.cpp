@@ -185,8 +185,7 @@ TEST_F(TavListSave, ALongCaptionIsCutAndALongCellIsnt)
     m_list->AddRow();
     m_list->SetColText(0, cell.c_str());
     Save(*m_list, "out.csv");
-    EXPECT_EQ(m_folder.Read("out.csv"),
-              caption.substr(0, 511) + "\r\n" + m_list->GetItemText(0, 0).GetString() + "\r\n");
+    EXPECT_EQ(m_folder.Read("out.csv"), caption.substr(0, 511) + "\r\n" + cell + "\r\n");
 }
 
 TEST_F(TavListSave, TheDialogOffersTheThreeFormatsUnderItsTitle)
@@ -272,6 +271,27 @@ TEST_F(TavListSave, AListThatIsDestroyedWhileTheDialogIsUpWritesNothing)
     EXPECT_THAT(m_folder.Names(), IsEmpty());
 }
 
+TEST_F(TavListSave, AListWhoseWindowGoesWhileTheDialogIsUpLeavesTheOldFile)
+{
+    AddTypedColumns();
+    AddRows({"a|1|0.5"});
+    m_folder.Write("out.csv", "old");
+    ModalScript script;
+    script
+        .Then(FindFileDialog,
+              [&](HWND dialog) {
+                  m_list->DestroyWindow();
+                  support::SetFileName(dialog, m_folder.Path("out.csv"));
+                  PressButton(dialog, IDOK);
+              })
+        .Then([] { return FindBoxOver(FindFileDialog()); }, [](HWND box) { PressButton(box, IDYES); })
+        .Start();
+    m_list->SaveToFile();
+    EXPECT_TRUE(script.Done());
+    EXPECT_EQ(m_folder.Read("out.csv"), "old");
+    AllowGdiGrowth("the system keeps the icon of its question");
+}
+
 TEST_F(TavListSave, AListThatAsksForItsTextsSavesThem)
 {
     AskedList list;
@@ -294,6 +314,19 @@ TEST_F(TavListSave, AListThatIsDestroyedByTheAskingWritesNothing)
     list->m_onAsked = [&] { list.reset(); };
     Save(*list, "out.csv");
     EXPECT_EQ(list, nullptr) << "it was asked";
+    EXPECT_THAT(m_folder.Names(), IsEmpty());
+}
+
+TEST_F(TavListSave, AListWhoseWindowGoesWithTheAskingWritesNothing)
+{
+    AskedList list;
+    ASSERT_TRUE(
+        list.Create((kStyle & ~WS_VISIBLE) | LVS_OWNERDATA, CRect(0, 0, kWidth, kHeight), m_frame.get(), kId + 1));
+    list.AddCol("A", adiString, false, 80, LVCFMT_LEFT);
+    list.SetNumRow(3);
+    list.m_onAsked = [&] { list.DestroyWindow(); };
+    Save(list, "out.csv");
+    EXPECT_EQ(list.m_hWnd, nullptr) << "it was asked";
     EXPECT_THAT(m_folder.Names(), IsEmpty());
 }
 
