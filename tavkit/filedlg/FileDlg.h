@@ -13,6 +13,7 @@
 #include "tavkit/frame/services/DVector.h"
 
 #include <initializer_list>
+#include <memory>
 
 namespace tavkit
 {
@@ -292,6 +293,8 @@ private:
     void BeginWithFileIn(char const* file, char const* dir, char const* key);
     /// Stores the folder of the first result.
     void StoreFolder(char const* key) const;
+    /// Asks, and stores the folder of the first result.
+    bool AskAndStore(int mode, char const* category, char const* folderKey);
 
     /// Empties the offer.
     void BeginPluginOffer(int nodeType);
@@ -306,5 +309,6 @@ private:
     bool OpenOwnData(tavkit::OwnData const& data, DFileFrmt* format, int mode);
     bool OpenLabelled(int mode, CString const& label, DFileFrmt& format, char const* key);
 
-    DFileFrmt m_frmtOfFile{nullptr, "", ""}; ///< follows from a file's name; stays, for m_pFrmt may point to it
+    /// A format that is made for one question. It stays, and with the copies, for m_pFrmt may point to it.
+    std::shared_ptr<DFileFrmt> m_frmtForOnce = std::make_shared<DFileFrmt>(nullptr, "", "");
 };

@@ -14,17 +14,10 @@ CString ReadFldrSttng(char const* key, char const* dflt)
 
 void WriteFldrSttng(char const* key, char const* folder)
 {
-    if (key && *key && folder && *folder && std::strcmp(folder, ".") != 0)
+    CWinApp* const app = AfxGetApp();
+    if (app && key && *key && folder && *folder && std::strcmp(folder, ".") != 0)
     {
-        WriteSttng(key, folder);
-    }
-}
-
-void WriteSttng(char const* key, char const* text)
-{
-    if (CWinApp* const app = AfxGetApp())
-    {
-        app->WriteProfileString(kSettingsSection, key, text);
+        app->WriteProfileString(kSettingsSection, key, folder);
     }
 }
 

@@ -8,15 +8,12 @@ namespace tavkit
 
 inline constexpr char kSettingsSection[] = "Settings"; ///< of the profile
 
-/// The folder, or another text, stored under @p key in the profile's section "Settings"; @p dflt if there is none.
+/// The folder, or the format, stored under @p key in the profile's section "Settings"; @p dflt if there is none.
 /// Without an application there is no profile.
 [[nodiscard]] CString ReadFldrSttng(char const* key, char const* dflt);
 
-/// Stores @p folder under @p key, but for a null or empty key or folder and for ".": a dot is what the dialogs read
-/// with and stands for nothing stored.
+/// Stores @p folder, or a format, under @p key, but for a null or empty key or text and for ".": a dot is what the
+/// dialogs read with and stands for nothing stored.
 void WriteFldrSttng(char const* key, char const* folder);
-
-/// Stores a text that is no folder, as it is, under @p key in the same section.
-void WriteSttng(char const* key, char const* text);
 
 } // namespace tavkit

@@ -43,8 +43,8 @@ TAVKIT_API void RemoveFormat(FormatOffer& offer, DFileFrmt const* format);
 [[nodiscard]] TAVKIT_API DString ImportPattern(DString const& filePattern);
 
 /// Offers the formats of a list, sorted by name. Those that carry the raster marker leave the list in any case; for
-/// loading they are offered ahead of the others, unsorted. Nobody deletes them then: a plug-in may hand out a record of
-/// its own, and the offer needs it for as long as the dialog lives. Null pointers leave the list too.
+/// loading they are offered ahead of the others, unsorted. Nobody deletes them then, for the offer needs them as long
+/// as the dialog lives. Null pointers leave the list too.
 TAVKIT_API void OfferPluginFormats(FormatOffer& offer, DList<DFileFrmt*>& formats, bool load);
 
 /// Starts a filter text: empties it.

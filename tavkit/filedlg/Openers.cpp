@@ -73,6 +73,16 @@ void FileDlg::StoreFolder(char const* key) const
     }
 }
 
+bool FileDlg::AskAndStore(int mode, char const* category, char const* folderKey)
+{
+    if (!ShowFileDlg(mode, category))
+    {
+        return false;
+    }
+    StoreFolder(folderKey);
+    return true;
+}
+
 // Files of any kind
 
 bool FileDlg::OpenFileDlg(int mode, char const* filter, char const* defExt)
@@ -94,27 +104,18 @@ bool FileDlg::Open(int mode, FileDlg::EFormat format, char const* file, char con
     BeginWithFileIn(file, dir, key);
     OfferAll({&tavkit::FileFrmtAll});
     SetTitle(tavkit::kDataTitles, TitleRule::LoadAndSave, mode);
-    if (!ShowFileDlg(mode, ""))
-    {
-        return false;
-    }
-    StoreFolder(key);
-    return true;
+    return AskAndStore(mode, "", key);
 }
 
 bool FileDlg::Open(int mode, char const* file, char const* dir, char const* key)
 {
     BeginWithFileIn(file, dir, key);
     const DString extension = BDIMoniker(m_strInitFile.c_str(), nullptr).GetFrmtExtn();
-    m_frmtOfFile = DFileFrmt(nullptr, "", ("*." + extension).c_str());
-    OfferAll({&m_frmtOfFile, &tavkit::FileFrmtAll});
+    *m_frmtForOnce = DFileFrmt(nullptr, "", ("*." + extension).c_str());
+    OfferAll({m_frmtForOnce.get(), &tavkit::FileFrmtAll});
     SetTitle(tavkit::kDataTitles, TitleRule::LoadAndSave, mode);
-    const bool answered = ShowFileDlg(mode, "");
-    RmvDscr(&m_frmtOfFile);
-    if (answered)
-    {
-        StoreFolder(key);
-    }
+    const bool answered = AskAndStore(mode, "", key);
+    RmvDscr(m_frmtForOnce.get());
     return answered;
 }
 
@@ -139,12 +140,7 @@ bool FileDlg::OpenOwnData(tavkit::OwnData const& data, DFileFrmt* format, int mo
         BeginInStoredFolder(data.folderKey);
     }
     SetTitle(data.titles, data.rule, mode);
-    if (!ShowFileDlg(mode, data.category))
-    {
-        return false;
-    }
-    StoreFolder(data.folderKey);
-    return true;
+    return AskAndStore(mode, data.category, data.folderKey);
 }
 
 bool FileDlg::OpenAnlySltn(int mode) { return OpenOwnData(tavkit::kAnlySltn, pFrmt_anly, mode); }
@@ -191,12 +187,7 @@ bool FileDlg::OpenParamSet(int mode, char const* caption)
         file.ChngDir(ReadFldrSttng(kFolderKey, tavkit::kNoFolder));
         m_strInitFile = file.GetMoniker();
     }
-    if (!ShowFileDlg(mode, "RulesetFolders"))
-    {
-        return false;
-    }
-    StoreFolder(kFolderKey);
-    return true;
+    return AskAndStore(mode, "RulesetFolders", kFolderKey);
 }
 
 bool FileDlg::OpenWzrd()
@@ -217,12 +208,7 @@ bool FileDlg::OpenWzrd()
         }
     }
     m_strCaption = "Load Wizard Definition ..."; // the blank before the dots is wanted
-    if (!ShowFileDlg(kLoad, "RulesetFolders"))
-    {
-        return false;
-    }
-    StoreFolder(kFolderKey);
-    return true;
+    return AskAndStore(kLoad, "RulesetFolders", kFolderKey);
 }
 
 bool FileDlg::OpenActnLib(int mode)
@@ -264,17 +250,13 @@ bool FileDlg::OpenAllRuleset(int mode, bool bJobSqnce)
             AddDscr(format, false);
         }
     }
-    DFileFrmt all("RLST_ALL", "All rule sets", tavkit::JoinPatterns(m_vecDscr).c_str());
-    InsertAt(m_vecDscr, 0, &all);
+    *m_frmtForOnce = DFileFrmt("RLST_ALL", "All rule sets", tavkit::JoinPatterns(m_vecDscr).c_str());
+    InsertAt(m_vecDscr, 0, m_frmtForOnce.get());
     SetTitle({"Load Rule Set...", "Save Rule Set..."}, TitleRule::IfEmpty, mode);
     BeginInStoredFolder(kFolderKey);
-    const bool answered = ShowFileDlg(mode, "RulesetFolders");
-    RmvDscr(&all);
+    const bool answered = AskAndStore(mode, "RulesetFolders", kFolderKey);
+    RmvDscr(m_frmtForOnce.get());
     m_pFrmt = nullptr; // whatever it was: it may be the one that goes
-    if (answered)
-    {
-        StoreFolder(kFolderKey);
-    }
     return answered;
 }
 

@@ -115,7 +115,7 @@ void FileDlg::StoreFormatId(char const* key) const
 {
     if (m_pFrmt && m_pFrmt != &tavkit::FileFrmtAll)
     {
-        tavkit::WriteSttng(key, m_pFrmt->m_strId.c_str());
+        tavkit::WriteFldrSttng(key, m_pFrmt->m_strId.c_str());
     }
 }
 
@@ -149,7 +149,7 @@ bool FileDlg::OpenRasterData(DIOPluginMngr* mngr, int mode, bool bMulti, bool bS
     }
     if (m_pFrmt)
     {
-        tavkit::WriteSttng(kRasterFormatKey, m_pFrmt->m_strName.c_str()); // "All Files" too
+        tavkit::WriteFldrSttng(kRasterFormatKey, m_pFrmt->m_strName.c_str()); // "All Files" too
     }
     return true;
 }
@@ -227,7 +227,7 @@ bool FileDlg::OpenMetaData(DIOPluginMngr* mngr, ICheck<DString>* check, char con
     }
     if (m_pFrmt)
     {
-        tavkit::WriteSttng(kMetaFormatKey, m_pFrmt->m_strId.c_str());
+        tavkit::WriteFldrSttng(kMetaFormatKey, m_pFrmt->m_strId.c_str());
     }
     return true;
 }

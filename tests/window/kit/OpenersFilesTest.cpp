@@ -292,6 +292,18 @@ TEST_F(FilesOpener, TheFormatOfAFileGoesAfterCancelTooAndAnotherQuestionDoesNoHa
     EXPECT_EQ(dlg.Last().defExt, "*.two");
 }
 
+TEST_F(FilesOpener, ACopyAsksOnWhenTheOriginalIsGone)
+{
+    auto original = std::make_unique<ScriptedDlg>();
+    original->m_ok = false;
+    EXPECT_FALSE(original->Open(0, "a.one", "", ""));
+    ScriptedDlg copy(*original);
+    original.reset();
+    copy.m_ok = true;
+    EXPECT_TRUE(copy.OpenAll(0));
+    EXPECT_EQ(copy.Last().defExt, "*.one");
+}
+
 TEST_F(FilesOpener, AllFilesAreOfferedAloneAndNothingIsStored)
 {
     char const* const captions[] = {"Load Data...", "Save Data...", "Mine"};

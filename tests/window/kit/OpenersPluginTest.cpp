@@ -308,7 +308,8 @@ TEST_F(GisOpener, StoresTheFormatByIdUnlessItIsThatOfAllFilesAndTheFolder)
         int filter;
         char const* id; ///< null: not stored
     };
-    for (Case const& each : {Case{1, nullptr}, Case{2, "CSV"}, Case{7, ""}, Case{8, "APERIO_VDI"}, Case{99, nullptr}})
+    for (Case const& each :
+         {Case{1, nullptr}, Case{2, "CSV"}, Case{7, nullptr}, Case{8, "APERIO_VDI"}, Case{99, nullptr}})
     {
         AfxGetApp()->WriteProfileString(kSection, nullptr, nullptr);
         ScriptedDlg dlg;
@@ -323,14 +324,17 @@ TEST_F(GisOpener, StoresTheFormatByIdUnlessItIsThatOfAllFilesAndTheFolder)
     }
 }
 
-TEST_F(GisOpener, AnEmptyIdThatWasStoredFindsTheFirstFormatWithoutOne)
+TEST_F(GisOpener, AFormatWithoutAnIdentifierLeavesTheStoredOne)
 {
     ScriptedDlg dlg;
-    dlg.m_filter = 7; // shape files have no identifier
+    dlg.m_filter = 2;
     EXPECT_TRUE(dlg.OpenGisObjects(&m_mngr, 0, true));
+    const Settings stored = Stored();
+    EXPECT_EQ(stored.at(kThematicKey), "CSV");
     ScriptedDlg next;
+    next.m_filter = 7; // shape files have no identifier
     EXPECT_TRUE(next.OpenGisObjects(&m_mngr, 0, true));
-    EXPECT_EQ(next.Last().format, &FileFrmtShape);
+    EXPECT_EQ(Stored(), stored);
 }
 
 // Tables
@@ -386,7 +390,7 @@ TEST_F(AttrOpener, StoresTheFormatByIdUnlessItIsThatOfAllFilesAndTheFolder)
         int filter;
         char const* id; ///< null: not stored
     };
-    for (Case const& each : {Case{1, nullptr}, Case{2, "CSV"}, Case{6, ""}, Case{99, nullptr}})
+    for (Case const& each : {Case{1, nullptr}, Case{2, "CSV"}, Case{6, nullptr}, Case{99, nullptr}})
     {
         AfxGetApp()->WriteProfileString(kSection, nullptr, nullptr);
         ScriptedDlg dlg;
