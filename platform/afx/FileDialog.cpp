@@ -98,8 +98,8 @@ CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszF
 INT_PTR CFileDialog::DoModal()
 {
     // The walk over several names needs zeros behind the name to begin with.
-    const size_t used = std::strlen(m_ofn.lpstrFile) + 1;
-    if (used < m_ofn.nMaxFile)
+    if (const size_t used = m_ofn.lpstrFile != nullptr ? std::strlen(m_ofn.lpstrFile) + 1 : m_ofn.nMaxFile;
+        used < m_ofn.nMaxFile)
     {
         std::memset(m_ofn.lpstrFile + used, 0, m_ofn.nMaxFile - used);
     }
@@ -132,8 +132,10 @@ UINT_PTR CALLBACK CFileDialog::HookProc(HWND hWnd, UINT message, WPARAM wParam, 
     state->m_pFileDialogInit = nullptr; // a file dialog inside this one has an object of its own
     const MSG msg = {.hwnd = hWnd, .message = message, .wParam = wParam, .lParam = lParam, .time = 0, .pt = {}};
     AfxGuardHandler(msg, [&] {
-        dialog->SubclassWindow(hWnd);
-        dialog->OnInitDialog();
+        if (dialog->SubclassWindow(hWnd))
+        {
+            dialog->OnInitDialog();
+        }
         return LRESULT{0};
     });
     return FALSE; // the focus is the system's to set: to the file name, not into the panel
@@ -149,7 +151,7 @@ CString CFileDialog::GetPathName() const
     const LPTSTR buffer = path.GetBufferSetLength(static_cast<int>(m_ofn.nMaxFile));
     const LRESULT size =
         ::SendMessageA(::GetParent(m_hWnd), CDM_GETFILEPATH, m_ofn.nMaxFile, reinterpret_cast<LPARAM>(buffer));
-    if (size <= 0)
+    if (size <= 0 || size > static_cast<LRESULT>(m_ofn.nMaxFile)) // there is none, or it would not fit
     {
         *buffer = '\0';
     }
@@ -161,6 +163,10 @@ POSITION CFileDialog::GetStartPosition() const { return reinterpret_cast<POSITIO
 
 CString CFileDialog::GetNextPathName(POSITION& pos) const
 {
+    if (pos == nullptr)
+    {
+        return "";
+    }
     const auto position = static_cast<size_t>(reinterpret_cast<LPCTSTR>(pos) - m_ofn.lpstrFile);
     const AfxPickedFile picked =
         AfxNextPickedFile({m_ofn.lpstrFile, m_ofn.nMaxFile}, position, (m_ofn.Flags & OFN_ALLOWMULTISELECT) != 0);
@@ -196,9 +202,14 @@ BOOL CFileDialog::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult)
     case CDN_TYPECHANGE:
         OnTypeChange();
         return TRUE;
-    case CDN_FILEOK:
-        *pResult = OnFileNameOK();
+    case CDN_FILEOK: {
+        const BOOL refused = OnFileNameOK();
+        if (pResult != nullptr)
+        {
+            *pResult = refused;
+        }
         return TRUE;
+    }
     default:
         return FALSE;
     }

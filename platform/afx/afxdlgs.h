@@ -44,12 +44,16 @@ public:
     CString GetPathName() const;
     /// Begins a walk over the paths that were picked.
     POSITION GetStartPosition() const;
-    /// The path at the position, which moves on; null behind the last one.
+    /// The path at the position, which moves on; null behind the last one, where there is no path.
     CString GetNextPathName(POSITION& pos) const;
     /// True if "Read only" was checked.
     BOOL GetReadOnlyPref() const;
 
     OPENFILENAMEA m_ofn; ///< what the system gets; may be changed before DoModal()
+    BOOL m_bOpenFileDialog;
+    CString m_strFilter; ///< the filter with zeros for bars
+    TCHAR m_szFileTitle[64] = {};
+    TCHAR m_szFileName[MAX_PATH] = {};
 
 protected:
     /// The user has chosen. @return nonzero to refuse and keep the dialog open
@@ -62,11 +66,6 @@ protected:
     /// Another filter was chosen.
     virtual void OnTypeChange();
     BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) override;
-
-    BOOL m_bOpenFileDialog;
-    CString m_strFilter; ///< the filter with zeros for bars
-    TCHAR m_szFileTitle[64] = {};
-    TCHAR m_szFileName[MAX_PATH] = {};
 
 private:
     static UINT_PTR CALLBACK HookProc(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam);

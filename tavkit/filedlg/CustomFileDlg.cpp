@@ -1,5 +1,6 @@
 // CustomFileDlg.cpp
 #include "tavkit/filedlg/CustomFileDlg.h"
+#include "tavkit/filedlg/FileQuestion.h"
 #include "tavkit/filedlg/SystemDialogIds.h"
 
 #include "tavkit/frame/ModuleHandle.h"
@@ -12,8 +13,6 @@
 
 namespace
 {
-
-constexpr int kExists = 0; ///< right that a folder is tested for
 
 /// True if the window is of that class.
 [[nodiscard]] bool IsOfClass(HWND window, char const* lowerCase) noexcept
@@ -55,19 +54,21 @@ CCustomFileDlg::CCustomFileDlg(BOOL bOpen, char const* defExt, char const* file,
 
 CCustomFileDlg::~CCustomFileDlg()
 {
-    if (IsLocked() && s_hook)
-    {
-        ::UnhookWindowsHookEx(s_hook);
-        s_hook = nullptr;
-    }
+    Unlock();
     s_bToolBarKnown = false;
 }
 
 void CCustomFileDlg::DoDataExchange(CDataExchange* pDX)
 {
     CFileDialog::DoDataExchange(pDX);
-    DDX_Control(pDX, IDC_FOLDERS, m_cmbFolders);
-    DDX_Control(pDX, IDC_FOLDERS_LABEL, m_lblFolders);
+    if (GetDlgItem(IDC_FOLDERS)) // a template of the host's may do without
+    {
+        DDX_Control(pDX, IDC_FOLDERS, m_cmbFolders);
+    }
+    if (GetDlgItem(IDC_FOLDERS_LABEL))
+    {
+        DDX_Control(pDX, IDC_FOLDERS_LABEL, m_lblFolders);
+    }
     if (GetDlgItem(IDC_OPTIONS))
     {
         DDX_Text(pDX, IDC_OPTIONS, m_strOptions);
@@ -98,6 +99,17 @@ void CCustomFileDlg::Lock()
     if (!s_hook)
     {
         s_hook = ::SetWindowsHookExA(WH_CALLWNDPROC, &CCustomFileDlg::LockProc, nullptr, ::GetCurrentThreadId());
+        m_bHooked = s_hook != nullptr;
+    }
+}
+
+void CCustomFileDlg::Unlock()
+{
+    if (m_bHooked) // one inside another leaves the lock to it
+    {
+        ::UnhookWindowsHookEx(s_hook);
+        s_hook = nullptr;
+        m_bHooked = false;
     }
 }
 
@@ -164,11 +176,12 @@ void CCustomFileDlg::HideButtons()
 void CCustomFileDlg::OnInitDone()
 {
     CFileDialog::OnInitDone();
-    if (m_bShowFolders)
+    const bool hasFolders = m_cmbFolders.m_hWnd && m_lblFolders.m_hWnd;
+    if (hasFolders && m_bShowFolders)
     {
         FillFolders();
     }
-    else
+    else if (hasFolders)
     {
         RemoveFolders();
     }
@@ -213,7 +226,7 @@ void CCustomFileDlg::LayOutPanel()
         m_cyLast = client.Height();
     }
     const int growth = client.Width() - m_cxLast;
-    if (m_bShowFolders && growth != 0)
+    if (m_bShowFolders && m_cmbFolders.m_hWnd && growth != 0)
     {
         CRect combo;
         m_cmbFolders.GetWindowRect(combo);
@@ -247,7 +260,7 @@ void CCustomFileDlg::OnGoToFolder()
     {
         return;
     }
-    if (_access(folder, kExists) != 0)
+    if (_access(folder, static_cast<int>(tavkit::Access::Exists)) != 0)
     {
         Report::UserNotificationEnforced("Folder '%s' not found", static_cast<LPCTSTR>(folder));
         return;

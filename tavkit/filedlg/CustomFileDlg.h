@@ -11,7 +11,8 @@
 /// The system's file dialog in its Explorer style. The panel offers folders to go to, and an options text or two check
 /// boxes, by its template. With OFN_NOCHANGEDIR set the dialog is locked: it keeps the user in the folder that it
 /// begins in by disabling its folder combo box, by taking the folders off its list and by hiding the buttons that lead
-/// out of the folder. One locked dialog can be up at a time.
+/// out of the folder. One locked dialog can be up at a time. While it is, every list view of the thread loses the rows
+/// whose text is no file of the folder, not only the dialog's own: as it has always been.
 class CCustomFileDlg : public CFileDialog
 {
 public:
@@ -56,6 +57,7 @@ protected:
 private:
     [[nodiscard]] bool IsLocked() const { return (m_ofn.Flags & OFN_NOCHANGEDIR) != 0; }
     void Lock();
+    void Unlock();
     void FillFolders();
     void RemoveFolders();
     void LayOutPanel();
@@ -63,6 +65,8 @@ private:
     static LRESULT CALLBACK LockProc(int code, WPARAM wParam, LPARAM lParam);
     static void PruneList(HWND list);
     static void HideButtons();
+
+    bool m_bHooked = false; ///< s_hook is this dialog's
 
     static HHOOK s_hook;         ///< while a locked dialog is up
     static bool s_bToolBarKnown; ///< s_toolBar is one

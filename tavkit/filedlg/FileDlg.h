@@ -84,7 +84,8 @@ public:
     void SetDataType(unsigned int type);
     /// Lets the user pick several files; there is no way back.
     void SetMultipleFiles();
-    /// Locks the dialog to its folder; there is no way back.
+    /// Locks the dialog to its folder; there is no way back. While the dialog is up, other lists of the thread may lose
+    /// rows that name no file.
     void SetNoChangeDir();
     /// Whether the user is asked before a file is overwritten; the default is that he is.
     void ShowOverwritePrompt(bool show);

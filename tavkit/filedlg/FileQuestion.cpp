@@ -1,5 +1,6 @@
 // FileQuestion.cpp
 #include "tavkit/filedlg/FileQuestion.h"
+#include "tavkit/filedlg/OpenerRules.h"
 
 #include "tavkit/frame/services/BDIMoniker.h"
 
@@ -13,8 +14,14 @@ namespace tavkit
 namespace
 {
 
-/// Names that mean a folder can't be the file to begin with.
-[[nodiscard]] bool IsFileName(DString const& name) { return !name.IsEmpty() && !(name == ".") && !(name == ".."); }
+/// A name that means a folder can't be the file to begin with; with one that no file can have the system would show no
+/// dialog at all.
+[[nodiscard]] bool IsFileName(DString const& name)
+{
+    const std::string_view text = name.c_str();
+    return !text.empty() && text != "." && text != ".." && text.size() <= kLongestStartName &&
+           text.find_first_of("<>:\"|") == std::string_view::npos;
+}
 
 [[nodiscard]] bool CanBegin(DString folder)
 {
@@ -39,7 +46,7 @@ DString DefaultExtension(char const* defExt)
 FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const& folders, AccessTest const& access)
 {
     FileQuestion question;
-    question.open = setup.mode == 0;
+    question.open = setup.mode == kLoadMode;
     question.overwritePrompt = setup.overwritePrompt;
     question.several = setup.several;
     question.locked = setup.locked;

@@ -94,6 +94,9 @@ struct FileServices
 [[nodiscard]] FileQuestion MakeFileQuestion(FileSetup const& setup, DVectorSafe<DString> const& folders,
                                             AccessTest const& access);
 
+/// Longest name that the system's dialog can begin with.
+inline constexpr std::size_t kLongestStartName = 259;
+
 /// True if all that was picked has fitted into the buffer: it ends with the zeros that close the last text. A dialog
 /// that lets several files be picked may cut what doesn't fit without a word.
 /// @param buffer  zero where nothing was written

@@ -22,8 +22,8 @@ inline constexpr int kLookInCombo = 1137; ///< folder that the dialog shows
 }
 
 // The list of files and the tool bars have no numbers that hold: both systems make the list anew for every folder, and
-// Wine numbers the tool bar with the buttons like the OK button. They are known by their classes, in lower case.
-// Windows has one tool bar beside its places; in Wine the places are a tool bar too, and the first that is met.
+// Wine numbers the tool bar with the buttons like the OK button. They are known by their classes, in lower case. The
+// places may be a tool bar too, and which of the two is met first is the system's matter: in Wine it is the places.
 
 inline constexpr char kListClass[] = "syslistview32";
 inline constexpr char kToolBarClass[] = "toolbarwindow32";

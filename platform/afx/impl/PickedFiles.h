@@ -35,6 +35,8 @@ inline AfxPickedFile AfxNextPickedFile(std::span<const char> buffer, size_t posi
     }
     const std::string name = textAt(position);
     const size_t next = behind(position, name);
-    const bool closed = first.empty() || first.back() == '\\';
+    // A root alone comes closed. A backslash at another end may be half a character.
+    const bool isRoot = first.size() == 3 && first[1] == ':';
+    const bool closed = first.empty() || isRoot;
     return {first + (closed ? "" : "\\") + name, textAt(next).empty() ? 0 : next};
 }

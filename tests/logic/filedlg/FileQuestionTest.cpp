@@ -344,3 +344,17 @@ TEST(FileQuestion, RemembersNothingWithoutACategoryOrWhenLocked)
     EXPECT_TRUE(locked.Go());
     EXPECT_THAT(locked.m_steps, ElementsAre("folders of ImageFolders", "ask", "take"));
 }
+
+TEST(FileQuestion, LeavesANameOutThatNoFileCanHave)
+{
+    for (char const* name : {"a<b", "a>b", "a|b", "a\"b", "a:b"})
+    {
+        EXPECT_TRUE(Asked((std::string("C:\\d\\") + name).c_str()).startName.IsEmpty()) << name;
+    }
+    const std::string longest(tavkit::kLongestStartName, 'n');
+    EXPECT_EQ(Asked(("C:\\d\\" + longest).c_str()).startName.GetLength(), static_cast<int>(longest.size()));
+    for (const std::size_t more : {std::size_t{1}, std::size_t{141}, std::size_t{40000}})
+    {
+        EXPECT_TRUE(Asked(("C:\\d\\" + longest + std::string(more, 'n')).c_str()).startName.IsEmpty()) << more;
+    }
+}

@@ -43,6 +43,11 @@ TEST(PickedFiles, ARootHasItsSeparatorAlready)
     EXPECT_THAT(Walk("C:\\\0a.tif\0b.tif\0", true), ElementsAre("C:\\a.tif", "C:\\b.tif"));
 }
 
+TEST(PickedFiles, ABackslashThatIsHalfACharacterIsNoSeparator)
+{
+    EXPECT_THAT(Walk("C:\\\x95\\\0a.tif\0b.tif\0", true), ElementsAre("C:\\\x95\\\\a.tif", "C:\\\x95\\\\b.tif"));
+}
+
 TEST(PickedFiles, WhatStandsBehindTheOnlyFileMeansNothing)
 {
     EXPECT_THAT(Walk("C:\\b.tif\0longer name.tif\0", false), ElementsAre("C:\\b.tif"));

@@ -17,6 +17,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
+constexpr int kPlaces = 1184;
 constexpr int kUp = 40961;
 constexpr int kNewFolder = 40962;
 constexpr BYTE kHiddenState = 24;
@@ -267,8 +268,10 @@ TEST_F(LockedFileDlg, TheFirstToolBarThatIsMetLosesItsTwoButtons)
 
 TEST_F(LockedFileDlg, TheButtonsOfTheSystemsDialogAreHiddenUnlessItsPlacesAreMetFirst)
 {
-    const bool placesAreAToolBar = !support::EmulatorPath("C:\\").empty();
     LookAt([&](HWND dialog) {
+        char name[32] = "";
+        ::GetClassNameA(::GetDlgItem(dialog, kPlaces), name, sizeof name);
+        const bool placesAreAToolBar = _stricmp(name, TOOLBARCLASSNAMEA) == 0;
         const HWND bar = ToolBarWith(dialog, kUp);
         ASSERT_NE(bar, nullptr);
         for (const int button : {kUp, kNewFolder})
