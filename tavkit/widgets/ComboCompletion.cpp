@@ -1,6 +1,7 @@
 #include "tavkit/widgets/ComboCompletion.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace tavkit
 {
@@ -15,6 +16,18 @@ EditSelection Unpack(PackedSelection selection) noexcept
 }
 
 } // namespace
+
+CaseFold FoldBytes(unsigned char (*lower)(unsigned char), bool byteIsChar)
+{
+    constexpr std::size_t kSevenBits = 0x80;
+    CaseFold fold{};
+    for (std::size_t i = 0; i < fold.size(); ++i)
+    {
+        auto const byte = static_cast<unsigned char>(i);
+        fold[i] = byteIsChar || i < kSevenBits ? lower(byte) : byte;
+    }
+    return fold;
+}
 
 bool HasMatch(DVector<int> const& found) noexcept { return found.GetCount() > 0 && found[0] != kNoMatch; }
 

@@ -13,7 +13,12 @@ namespace tavkit
 /// For each byte the one that stands for it when case is ignored.
 using CaseFold = std::array<unsigned char, 256>;
 
+/// @param lower       the small form of one byte
+/// @param byteIsChar  each byte is a character; else those beyond seven bits are parts of one, and stand for themselves
+[[nodiscard]] CaseFold FoldBytes(unsigned char (*lower)(unsigned char), bool byteIsChar);
+
 /// True if @p text begins with @p start, upper and lower case being equal. Every text begins with "".
+/// What a user types goes by the letters of the code page; StartsWithNoCase() is for names of seven bits.
 [[nodiscard]] inline bool BeginsWith(char const* text, char const* start, CaseFold const& fold) noexcept
 {
     while (*start != '\0' && fold[static_cast<unsigned char>(*text)] == fold[static_cast<unsigned char>(*start)])

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <new>
 #include <numeric>
+#include <utility>
 
 using namespace tavkit;
 
@@ -13,14 +14,19 @@ namespace
 
 constexpr int kMouseButtons[] = {VK_LBUTTON, VK_RBUTTON, VK_MBUTTON};
 
+unsigned char LowerByte(unsigned char byte)
+{
+    auto letter = static_cast<char>(byte);
+    ::CharLowerBuffA(&letter, 1);
+    return static_cast<unsigned char>(letter);
+}
+
 // The framework's rule: the letters of the ANSI code page as their small forms.
 CaseFold const& LowerCase()
 {
     static CaseFold const fold = [] {
-        CaseFold bytes{};
-        std::iota(bytes.begin(), bytes.end(), static_cast<unsigned char>(0));
-        ::CharLowerBuffA(reinterpret_cast<char*>(bytes.data()), static_cast<DWORD>(bytes.size()));
-        return bytes;
+        CPINFO page{};
+        return FoldBytes(LowerByte, ::GetCPInfo(CP_ACP, &page) && page.MaxCharSize == 1);
     }();
     return fold;
 }
@@ -80,11 +86,56 @@ bool MayChangeTip(UINT message)
 
 } // namespace
 
+// Notices that what was called meanwhile has overtaken an operation: it ended the edit, typed on, or destroyed the
+// control.
+class CTavComboBox::EditWatch
+{
+public:
+    explicit EditWatch(CTavComboBox& combo) : m_combo(combo), m_life(combo.m_life), m_edit(combo.m_nEdit) {}
+
+    [[nodiscard]] bool IsOver() const
+    {
+        return m_life.IsGone() || m_combo.m_hWnd == nullptr || m_combo.m_nEdit != m_edit;
+    }
+
+private:
+    CTavComboBox& m_combo;
+    LifeWatch m_life;
+    unsigned m_edit;
+};
+
+// Lasts as long as a call of the filter.
+class CTavComboBox::FilterCall
+{
+public:
+    explicit FilterCall(CTavComboBox& combo) : m_combo(combo), m_life(combo.m_life) { ++combo.m_nFilters; }
+    ~FilterCall()
+    {
+        if (!m_life.IsGone() && --m_combo.m_nFilters == 0)
+        {
+            m_combo.m_Walked.clear();
+        }
+    }
+    FilterCall(FilterCall const&) = delete;
+    FilterCall& operator=(FilterCall const&) = delete;
+
+private:
+    CTavComboBox& m_combo;
+    LifeWatch m_life;
+};
+
 // The edit field as a keystroke finds it.
 struct CTavComboBox::Keystroke
 {
+    explicit Keystroke(CTavComboBox& combo) : watch(combo)
+    {
+        combo.GetWindowText(text);
+        typed = {.length = text.GetLength(), .selection = combo.GetEditSel(), .deleting = combo.m_bDeleting};
+    }
+
+    EditWatch watch;
     CString text;
-    TypedText typed;
+    TypedText typed{};
 
     // Does what is told to the field of a control.
     void Finish(CTavComboBox& combo, EditChange const& change) const
@@ -118,7 +169,12 @@ void CTavComboBox::EnableAutoComplete(bool bEnable, bool bFilter)
 {
     if (m_bFilterList && !(bEnable && bFilter) && m_hWnd != nullptr)
     {
+        LifeWatch const watch(m_life);
         RestoreContents(); // nobody would at the end of the edit
+        if (watch.IsGone())
+        {
+            return;
+        }
     }
     m_bAutoComplete = bEnable;
     m_bFilterList = bEnable && bFilter;
@@ -144,8 +200,12 @@ int CTavComboBox::FindByData(DWORD_PTR dwData)
 void CTavComboBox::OnDestroy()
 {
     // Entries that are hidden by the filter are deleted with the others, for a class that owns their data.
+    LifeWatch const watch(m_life);
     OnFinishEdit();
-    CComboBox::OnDestroy();
+    if (!watch.IsGone())
+    {
+        CComboBox::OnDestroy();
+    }
 }
 
 void CTavComboBox::PostNcDestroy()
@@ -154,7 +214,7 @@ void CTavComboBox::PostNcDestroy()
     m_ToolTip.DestroyWindow();
     m_strToolTip.Empty();
     m_bDeleting = false;
-    SetCount(m_Backup, 0);
+    ForgetBackup();
     m_rcDropped.SetRectEmpty();
     CComboBox::PostNcDestroy();
 }
@@ -285,20 +345,28 @@ void CTavComboBox::RestoreContents()
     DVector<int> all;
     all.SetSize(m_Backup.GetCount());
     std::iota(all.begin(), all.end(), 0);
-    InsertItems(all);
-    SlctItem(text, data);
+    m_bMatchesOnly = false;
+    if (InsertItems(all))
+    {
+        SlctItem(text, data);
+    }
 }
 
-// In place of what the list has.
-void CTavComboBox::InsertItems(DVector<int> const& indexes)
+// In place of what the list has. False if that was overtaken: an owner-drawn list calls out for each entry.
+bool CTavComboBox::InsertItems(DVector<int> const& indexes)
 {
     auto const last = std::max_element(indexes.begin(), indexes.end());
     if (last != indexes.end() && *last >= m_Backup.GetCount())
     {
         m_Backup.SetSize(DVectorGrowth::CountBehind(*last)); // fails, if it must, before the list is touched
     }
+    EditWatch const watch(*this);
     NoRedraw const noRedraw(m_hWnd);
     SafeResetContents();
+    if (watch.IsOver())
+    {
+        return false;
+    }
     for (int const index : indexes)
     {
         if (index < 0)
@@ -308,8 +376,13 @@ void CTavComboBox::InsertItems(DVector<int> const& indexes)
         ComboItem const& item = m_Backup[index];
         auto const at =
             SendMessage(CB_INSERTSTRING, static_cast<WPARAM>(-1), reinterpret_cast<LPARAM>(item.m_strText.GetString()));
+        if (watch.IsOver())
+        {
+            return false;
+        }
         SendMessage(CB_SETITEMDATA, static_cast<WPARAM>(at), static_cast<LPARAM>(item.m_dwData));
     }
+    return true;
 }
 
 // The entry of that text and data; of that text alone, the last one.
@@ -335,12 +408,26 @@ void CTavComboBox::SlctItem(CString const& text, DWORD_PTR data)
 
 BOOL CTavComboBox::OnFinishEdit()
 {
+    ++m_nEdit;
+    EditWatch const watch(*this);
     if (m_bFilterList)
     {
         RestoreContents();
     }
-    SetCount(m_Backup, 0);
+    if (!watch.IsOver())
+    {
+        ForgetBackup();
+    }
     return FALSE;
+}
+
+void CTavComboBox::ForgetBackup()
+{
+    if (m_nFilters > 0)
+    {
+        m_Walked.push_back(std::move(m_Backup));
+    }
+    SetCount(m_Backup, 0);
 }
 
 // Typing
@@ -355,19 +442,18 @@ BOOL CTavComboBox::OnEditUpdate()
     {
         BackupContents();
     }
-    Keystroke key{};
-    GetWindowText(key.text);
-    key.typed = {.length = key.text.GetLength(), .selection = GetEditSel(), .deleting = m_bDeleting};
+    ++m_nEdit;
+    Keystroke const key(*this);
 
     DVector<int> found(true);
     if (m_pFltrFunc != nullptr && !key.text.IsEmpty())
     {
-        LifeWatch const watch(m_life);
+        FilterCall const call(*this);
         m_pFltrFunc(this, DString(key.text), &m_Backup, &found);
-        if (watch.IsGone() || m_hWnd == nullptr)
-        {
-            return FALSE;
-        }
+    }
+    if (key.watch.IsOver())
+    {
+        return FALSE;
     }
     if (HasMatch(found))
     {
@@ -382,22 +468,25 @@ BOOL CTavComboBox::OnEditUpdate()
 
 void CTavComboBox::ShowMatches(Keystroke const& key, DVector<int> const& found)
 {
-    int slct = found[0];
-    if (m_bFilterList)
-    {
-        InsertItems(found);
-        slct = 0;
-    }
-    if (!ShowList())
+    m_bMatchesOnly = m_bFilterList;
+    if (m_bFilterList && !InsertItems(found))
     {
         return;
     }
-    bool const selected = SetCurSel(slct) != CB_ERR;
+    if (!ShowList(key))
+    {
+        return;
+    }
+    // The parent may have turned the filter off as the list opened.
+    bool const selected = SetCurSel(m_bMatchesOnly ? 0 : found[0]) != CB_ERR;
+    if (key.watch.IsOver())
+    {
+        return;
+    }
     // Selecting by message doesn't tell the parent.
-    LifeWatch const watch(m_life);
     ::SendMessageA(::GetParent(m_hWnd), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(), CBN_SELCHANGE),
                    reinterpret_cast<LPARAM>(m_hWnd));
-    if (watch.IsGone() || m_hWnd == nullptr)
+    if (key.watch.IsOver())
     {
         return;
     }
@@ -410,28 +499,24 @@ void CTavComboBox::ShowAll(Keystroke const& key)
     if (GetCount() != m_Backup.GetCount())
     {
         RestoreContents();
+        if (key.watch.IsOver())
+        {
+            return;
+        }
     }
     EditChange const change = AfterNoMatch(key.typed);
     key.Finish(*this, change);
-    if (!ShowList())
+    if (ShowList(key))
     {
-        return;
-    }
-    // The system completes a text on its own when the list opens, and selects all of it.
-    CString text;
-    GetWindowText(text);
-    if (text != key.text)
-    {
-        key.Finish(*this, change);
+        key.Finish(*this, change); // the system completes a text on its own when the list opens, and selects all of it
     }
 }
 
-// False if the control is gone after it.
-bool CTavComboBox::ShowList()
+// False if the keystroke was overtaken.
+bool CTavComboBox::ShowList(Keystroke const& key)
 {
-    LifeWatch const watch(m_life);
     ShowDropDown(TRUE);
-    if (watch.IsGone() || m_hWnd == nullptr)
+    if (key.watch.IsOver())
     {
         return false;
     }
@@ -439,7 +524,7 @@ bool CTavComboBox::ShowList()
     {
         AdjustDroppedHeight(m_rcDropped);
     }
-    return !watch.IsGone() && m_hWnd != nullptr;
+    return !key.watch.IsOver();
 }
 
 // The tool tip

@@ -4,6 +4,8 @@
 #include <afxwin.h>
 #include <afxcmn.h>
 
+#include <vector>
+
 #include "tavkit/frame/Export.h"
 #include "tavkit/frame/LifeWatch.h"
 #include "tavkit/frame/services/DString.h"
@@ -32,7 +34,7 @@ public:
     /// A first index of -1 counts as no match, and an index behind the last entry as an empty entry.
     /// @param combo  the asking control
     /// @param text   what stands in the edit field, never ""
-    /// @param items  the entries
+    /// @param items  the entries; those that it walks stay until it returns, also if it ends the edit meanwhile
     /// @param found  empty at first
     using FltrFunc = void (*)(CTavComboBox* combo, DString const& text, DVectorSafe<ComboItem> const* items,
                               DVector<int>* found);
@@ -104,15 +106,23 @@ protected:
     CRect m_rcDropped;
 
 private:
+    class EditWatch;
+    class FilterCall;
     struct Keystroke;
 
     void ShowMatches(Keystroke const& key, DVector<int> const& found);
     void ShowAll(Keystroke const& key);
-    bool ShowList();
-    void InsertItems(DVector<int> const& indexes);
+    bool ShowList(Keystroke const& key);
+    bool InsertItems(DVector<int> const& indexes);
+    void ForgetBackup();
     void SlctItem(CString const& text, DWORD_PTR data);
     bool CreateToolTip();
     [[nodiscard]] bool TextFits(CString const& text);
 
+    unsigned m_nEdit = 0;        ///< counts keystrokes and ends of edits
+    bool m_bMatchesOnly = false; ///< what a keystroke has left in the list are its matches
+    int m_nFilters = 0;          ///< calls of the filter that run
+    /// Backups of edits that ended while the filter runs, which may be walking them.
+    std::vector<DVectorSafe<ComboItem>> m_Walked;
     LifeToken m_life;
 };

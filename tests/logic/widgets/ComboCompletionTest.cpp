@@ -53,6 +53,26 @@ bool HasMatchIn(std::initializer_list<int> results)
 
 } // namespace
 
+unsigned char OtherCase(unsigned char byte) { return byte ^ 0x20; }
+
+TEST(ComboCompletion, FoldsEachByteOfAPageWithAByteACharacter)
+{
+    CaseFold const fold = FoldBytes(OtherCase, true);
+    for (std::size_t i = 0; i < fold.size(); ++i)
+    {
+        EXPECT_EQ(fold[i], i ^ 0x20);
+    }
+}
+
+TEST(ComboCompletion, LeavesPartsOfCharactersAlone)
+{
+    CaseFold const fold = FoldBytes(OtherCase, false);
+    for (std::size_t i = 0; i < fold.size(); ++i)
+    {
+        EXPECT_EQ(fold[i], i < 0x80 ? i ^ 0x20 : i);
+    }
+}
+
 TEST(ComboMatching, TakesEntriesThatBeginWithTheTextWhateverTheirCase)
 {
     EXPECT_THAT(Matches({"Abc", "abd", "xyz", "ABsolute", "a", "cab", ""}, "ab"), ElementsAre(0, 1, 3));

@@ -3,6 +3,7 @@
 #include "ComboFixture.h"
 
 #include <limits>
+#include <utility>
 
 namespace
 {
@@ -21,6 +22,23 @@ void RunInFilter(CTavComboBox*, DString const&, DVectorSafe<CTavComboBox::ComboI
     found->Append(0);
 }
 
+std::vector<std::string> g_walked; // the entries that the filter below has met
+
+/// Calls out at the first entry, and goes on.
+void RunWhileWalking(CTavComboBox*, DString const&, DVectorSafe<CTavComboBox::ComboItem> const* items,
+                     DVector<int>* found)
+{
+    for (CTavComboBox::ComboItem const& item : *items)
+    {
+        if (g_walked.empty())
+        {
+            g_inFilter();
+        }
+        g_walked.emplace_back(item.m_strText);
+    }
+    found->Append(0);
+}
+
 void GiveLargest(CTavComboBox*, DString const&, DVectorSafe<CTavComboBox::ComboItem> const*, DVector<int>* found)
 {
     found->Append(0);
@@ -33,6 +51,7 @@ protected:
     void TearDown() override
     {
         g_inFilter = nullptr;
+        g_walked.clear();
         ComboTest::TearDown();
     }
 
@@ -171,6 +190,151 @@ TEST_F(TavComboHostile, AParentThatTurnsCompletionOffAsItIsToldOfASelection)
     EXPECT_EQ(m_combo->Text(), "Abc");
     Type("x");
     EXPECT_EQ(m_combo->Text(), "Ax");
+}
+
+TEST_F(TavComboHostile, AFilterThatTakesTheFocusAwayLosesNoEntry)
+{
+    for (bool const filterList : {true, false})
+    {
+        OpenFiltering();
+        m_combo->EnableAutoComplete(true, filterList);
+        m_combo->SetFltrFunc(RunWhileWalking);
+        g_walked.clear();
+        g_inFilter = [&] { m_frame->SetFocus(); };
+        Type("a");
+        EXPECT_THAT(g_walked, ElementsAreArray(kEntries)) << "the filter walks on through what it was given";
+        EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+        EXPECT_EQ(m_combo->GetItemData(0), 100U);
+        EXPECT_EQ(m_combo->Text(), "a");
+        EXPECT_FALSE(m_combo->IsListVisible());
+        EXPECT_TRUE(m_combo->m_Backup.IsEmpty()) << "the edit is over";
+        EXPECT_EQ(m_frame->CountCommand(kComboId, CBN_SELCHANGE), 0);
+    }
+}
+
+TEST_F(TavComboHostile, AFilterThatEndsTheEditOfAFilteredListLosesNoEntry)
+{
+    OpenFiltering();
+    Type("x");
+    ASSERT_EQ(m_combo->GetCount(), 1);
+    m_combo->SetFltrFunc(RunWhileWalking);
+    g_inFilter = [&] { m_frame->SetFocus(); };
+    Type("y");
+    EXPECT_THAT(g_walked, ElementsAreArray(kEntries));
+    EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+    EXPECT_TRUE(m_combo->m_Backup.IsEmpty());
+}
+
+TEST_F(TavComboHostile, AFilterThatMakesTheWindowAnewLeavesItAlone)
+{
+    OpenFiltering();
+    m_combo->SetFltrFunc(RunWhileWalking);
+    g_inFilter = [&] {
+        m_combo->DestroyWindow();
+        m_combo->Create(kEditable, kPlace, &*m_frame, kComboId);
+        m_combo->AddString("other");
+    };
+    Type("a");
+    EXPECT_THAT(g_walked, ElementsAreArray(kEntries));
+    EXPECT_THAT(m_combo->Entries(), ElementsAre("other"));
+    EXPECT_EQ(m_combo->Text(), "");
+}
+
+TEST_F(TavComboHostile, AKeystrokeWhileTheFilterRunsOvertakesTheFirst)
+{
+    OpenFiltering();
+    m_combo->SetFltrFunc(RunInFilter);
+    bool first = true;
+    g_inFilter = [&] {
+        if (std::exchange(first, false))
+        {
+            ::SendMessageA(m_combo->Info().hwndItem, WM_CHAR, 'b', 0);
+        }
+    };
+    Type("a");
+    EXPECT_EQ(m_combo->Text(), "Abc");
+    EXPECT_EQ(m_combo->Highlighted(), "c");
+    EXPECT_EQ(m_frame->CountCommand(kComboId, CBN_SELCHANGE), 1);
+}
+
+TEST_F(TavComboHostile, AnEditAndItsNextWhileTheFilterRunsLoseNoEntry)
+{
+    OpenFiltering();
+    m_combo->SetFltrFunc(RunWhileWalking);
+    bool first = true;
+    g_inFilter = [&] {
+        if (!std::exchange(first, false))
+        {
+            return;
+        }
+        m_frame->SetFocus();
+        m_combo->SetFocus();
+        ::SendMessageA(m_combo->Info().hwndItem, WM_CHAR, 'b', 0);
+        g_walked.clear();
+    };
+    Type("a");
+    EXPECT_THAT(g_walked, ElementsAreArray(kEntries));
+    EXPECT_EQ(m_combo->m_Backup.GetCount(), 3) << "the second edit goes on";
+    Key(VK_ESCAPE);
+    EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+}
+
+TEST_F(TavComboHostile, AParentThatMovesTheFocusAsTheListOpensEndsTheEdit)
+{
+    for (std::string const key : {"x", "q"}) // matches, and doesn't
+    {
+        OpenFiltering();
+        m_frame->m_onNotify = [&](UINT code) {
+            if (code == CBN_DROPDOWN)
+            {
+                m_frame->SetFocus();
+            }
+        };
+        Type(key);
+        m_frame->m_onNotify = nullptr;
+        EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+        EXPECT_NE(m_combo->GetCurSel(), 0) << "that entry doesn't match";
+        EXPECT_EQ(m_frame->CountCommand(kComboId, CBN_SELCHANGE), 0);
+        EXPECT_TRUE(m_combo->m_Backup.IsEmpty());
+    }
+}
+
+TEST_F(TavComboHostile, AParentThatTurnsTheFilterOffAsTheListOpensGetsTheEntryThatMatches)
+{
+    for (bool const onAgain : {false, true})
+    {
+        OpenFiltering();
+        m_frame->m_onNotify = [&](UINT code) {
+            if (code == CBN_DROPDOWN)
+            {
+                m_combo->EnableAutoComplete(true, false);
+                m_combo->EnableAutoComplete(true, onAgain);
+            }
+        };
+        Type("x");
+        m_frame->m_onNotify = nullptr;
+        EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+        EXPECT_EQ(m_combo->GetCurSel(), 2);
+        EXPECT_EQ(m_combo->Text(), "xyz");
+        EXPECT_EQ(m_combo->Highlighted(), "yz");
+    }
+}
+
+TEST_F(TavComboHostile, AParentThatEndsTheEditAsItIsToldOfASelectionHasTheLastWord)
+{
+    OpenFiltering();
+    Type("xy");
+    m_frame->m_onNotify = [&](UINT code) {
+        if (code == CBN_SELCHANGE)
+        {
+            m_frame->SetFocus();
+            m_combo->SetWindowText("of the parent");
+        }
+    };
+    Key(VK_BACK); // puts the typed text back, were it not over
+    m_frame->m_onNotify = nullptr;
+    EXPECT_EQ(m_combo->Text(), "of the parent");
+    EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
 }
 
 TEST_F(TavComboHostile, AFilterThatReplacesItself)

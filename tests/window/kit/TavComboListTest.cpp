@@ -122,6 +122,20 @@ TEST_F(TavComboFilter, NoneAtAllOnlyShowsTheList)
     EXPECT_EQ(m_frame->CountCommand(kComboId, CBN_SELCHANGE), 0);
 }
 
+TEST_F(TavComboFilter, NoneAtAllKeepsTheCaretBehindATextThatIsAnEntry)
+{
+    OpenWith({}, true);
+    m_combo->SetFltrFunc(nullptr);
+    Type("on");
+    Key(VK_ESCAPE);
+    m_combo->SetEditSel(2, 2);
+    Type("e"); // the list opens, and the system finds the text in it
+    EXPECT_EQ(m_combo->Text(), "one");
+    EXPECT_THAT(m_combo->Selection(), Pair(3, 3));
+    Type("s");
+    EXPECT_EQ(m_combo->Text(), "ones");
+}
+
 TEST_F(TavComboFilter, AResultBehindTheLastEntryIsAnEmptyEntry)
 {
     OpenWith({1, 5}, true);
