@@ -6,8 +6,10 @@
 
 #include <afxdlgs.h>
 
+#include <algorithm>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace
@@ -21,6 +23,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::StrEq;
 
+constexpr int kReadOnlyBox = 1040; // control of the file dialog
 constexpr char kTitle[] = "Choose a file of the test";
 constexpr char kFilter[] = "Pictures|*.tif|Tables|*.csv|All Files|*.*||";
 
@@ -32,38 +35,36 @@ public:
     using CFileDialog::m_strFilter;
 
     std::vector<std::string> m_told;
-    int m_refusals = 0;                   ///< how many choices are refused
-    std::function<void()> m_onFileNameOK; ///< runs before the answer
-    std::function<void()> m_onInitDone;
+    int m_refusals = 0;          ///< how many choices are refused
+    std::string m_actAt;         ///< what m_act runs at
+    std::function<void()> m_act; ///< runs inside the notification, once
 
     BOOL OnInitDialog() override
     {
-        m_told.emplace_back("init dialog");
+        Tell("init dialog");
         return CFileDialog::OnInitDialog();
     }
 
 protected:
     BOOL OnFileNameOK() override
     {
-        m_told.emplace_back("ok");
-        if (m_onFileNameOK)
-        {
-            m_onFileNameOK();
-        }
+        Tell("ok");
         return m_refusals-- > 0 ? TRUE : CFileDialog::OnFileNameOK();
     }
-    void OnInitDone() override
+    void OnInitDone() override { Tell("init done"); }
+    void OnFolderChange() override { Tell("folder"); }
+    void OnFileNameChange() override { Tell("selection"); }
+    void OnTypeChange() override { Tell("type"); }
+
+private:
+    void Tell(char const* what)
     {
-        m_told.emplace_back("init done");
-        CFileDialog::OnInitDone();
-        if (m_onInitDone)
+        m_told.emplace_back(what);
+        if (m_act && m_actAt == what)
         {
-            m_onInitDone();
+            std::exchange(m_act, nullptr)();
         }
     }
-    void OnFolderChange() override { m_told.emplace_back("folder"); }
-    void OnFileNameChange() override { m_told.emplace_back("selection"); }
-    void OnTypeChange() override { m_told.emplace_back("type"); }
 };
 
 class FileDialog : public support::WindowTest
@@ -109,6 +110,14 @@ protected:
 private:
     std::string m_start;
 };
+
+/// Selects the first file of the list.
+void SelectFirst(HWND dialog)
+{
+    LVITEMA item = {};
+    item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
+    ::SendMessageA(support::FileListOf(dialog), LVM_SETITEMSTATE, 0, reinterpret_cast<LPARAM>(&item));
+}
 
 std::vector<std::string> PathsOf(const CFileDialog& dialog)
 {
@@ -176,15 +185,13 @@ TEST_F(FileDialog, TellsWhenItStandsAndWhatTheUserDoes)
                        [&](HWND found) {
                            EXPECT_THAT(dialog.m_told, testing::IsSupersetOf({"init dialog", "init done", "folder"}));
                            EXPECT_EQ(dialog.m_told.front(), "init dialog");
+                           EXPECT_EQ(std::count(dialog.m_told.begin(), dialog.m_told.end(), "init done"), 1);
                            dialog.m_told.clear();
                            support::ChooseFilter(found, 1);
                            EXPECT_THAT(dialog.m_told, Contains("type"));
                            EXPECT_THAT(support::FileListTexts(found), ElementsAre("c.csv"));
                            dialog.m_told.clear();
-                           LVITEMA item = {};
-                           item.state = item.stateMask = LVIS_SELECTED | LVIS_FOCUSED;
-                           ::SendMessageA(support::FileListOf(found), LVM_SETITEMSTATE, 0,
-                                          reinterpret_cast<LPARAM>(&item));
+                           SelectFirst(found);
                            EXPECT_THAT(dialog.m_told, Contains("selection"));
                            dialog.m_told.clear();
                        }),
@@ -343,7 +350,7 @@ TEST_F(FileDialog, MayRunAgainAndInsideAnother)
     EXPECT_THAT(std::string(outer.GetPathName()), StrEq(m_folder.Path("b.tif")));
 }
 
-TEST_F(FileDialog, ADialogDestroyedByItsOwnNotificationEndsQuietly)
+TEST_F(FileDialog, ADialogDestroyedFromOutsideEndsQuietly)
 {
     SpiedDialog dialog(TRUE, nullptr, nullptr, 0, kFilter);
     Prepare(dialog);
@@ -351,4 +358,89 @@ TEST_F(FileDialog, ADialogDestroyedByItsOwnNotificationEndsQuietly)
     script.Then(FindFileDialog, [](HWND found) { ::DestroyWindow(found); }).Start();
     EXPECT_EQ(dialog.DoModal(), IDCANCEL);
     EXPECT_EQ(dialog.m_hWnd, nullptr);
+}
+
+TEST_F(FileDialog, ADialogThatGoesInsideANotificationGivesNothing)
+{
+    struct Row
+    {
+        char const* when;
+        std::string how;
+        std::function<void(HWND)> end;
+    };
+    const auto endDialog = [](HWND found) { ::EndDialog(found, 0); };
+    const auto destroy = [](HWND found) { ::DestroyWindow(found); };
+    // The system itself needs its dialog after a choice, so that one isn't destroyed there.
+    const Row table[] = {
+        {"init done", "ended", endDialog},   {"ok", "ended", endDialog},          {"selection", "ended", endDialog},
+        {"init done", "destroyed", destroy}, {"selection", "destroyed", destroy},
+    };
+    for (Row const& row : table)
+    {
+        const std::string what = row.how + " at " + row.when;
+        SpiedDialog dialog(TRUE, nullptr, nullptr, 0, kFilter);
+        dialog.m_actAt = row.when;
+        dialog.m_refusals = 1; // a choice that is taken ends it once more, with that
+        dialog.m_act = [&] { row.end(dialog.GetParent()->m_hWnd); };
+        Prepare(dialog);
+        ModalScript script;
+        if (dialog.m_actAt != "init done")
+        {
+            // The system may have told of a selection before this.
+            script.Then(FindFileDialog, [&](HWND found) {
+                SelectFirst(found);
+                if (dialog.m_act)
+                {
+                    PressButton(found, IDOK);
+                }
+            });
+        }
+        script.Start();
+        EXPECT_EQ(dialog.DoModal(), IDCANCEL) << what;
+        EXPECT_FALSE(dialog.m_act) << what;
+        EXPECT_EQ(dialog.m_hWnd, nullptr) << what;
+    }
+}
+
+TEST_F(FileDialog, APathThatDoesNotFitIsNotGivenWhileItRuns)
+{
+    CFileDialog dialog(TRUE, nullptr, nullptr, 0, kFilter);
+    char buffer[8] = "";
+    dialog.m_ofn.lpstrFile = buffer;
+    dialog.m_ofn.nMaxFile = sizeof buffer;
+    Prepare(dialog);
+    ModalScript script;
+    script
+        .Then(FindFileDialog,
+              [&](HWND found) {
+                  support::SetFileName(found, "a.tif");
+                  EXPECT_THAT(std::string(dialog.GetPathName()), StrEq(""));
+                  PressButton(found, IDCANCEL);
+              })
+        .Start();
+    EXPECT_EQ(dialog.DoModal(), IDCANCEL);
+    EXPECT_TRUE(script.Done());
+}
+
+TEST_F(FileDialog, BehindTheLastPathThereIsNone)
+{
+    const CFileDialog dialog(TRUE, nullptr, "a.tif");
+    POSITION pos = nullptr;
+    EXPECT_THAT(std::string(dialog.GetNextPathName(pos)), StrEq(""));
+    EXPECT_EQ(pos, nullptr);
+}
+
+TEST_F(FileDialog, TheReadOnlyBoxIsHiddenIfAskedFor)
+{
+    for (const DWORD flags : {DWORD{0}, DWORD{OFN_HIDEREADONLY}})
+    {
+        CFileDialog dialog(TRUE, nullptr, nullptr, flags, kFilter);
+        EXPECT_EQ(ChooseBy(dialog,
+                           [&](HWND found) {
+                               const HWND box = ::GetDlgItem(found, kReadOnlyBox);
+                               EXPECT_EQ(box != nullptr && ::IsWindowVisible(box), flags == 0);
+                               support::SetFileName(found, "a.tif");
+                           }),
+                  IDOK);
+    }
 }

@@ -303,3 +303,40 @@ TEST_F(LockedFileDlg, OneAfterTheOtherIsLockedAndThenOneIsOpenAgain)
     EXPECT_FALSE(open.OpenMFCFileDlg(FileDlg::kLoad, kFilter, 0, nullptr, ""));
     EXPECT_TRUE(script.Done());
 }
+
+TEST_F(LockedFileDlg, StaysLockedAfterOneThatWasUpInsideIt)
+{
+    static constexpr char kInner[] = "Inner";
+    support::TestFrame frame;
+    const auto loses = [&](char const* row) {
+        OwnList rows(frame, {row});
+        rows.SendMessage(LVM_GETSELECTEDCOUNT);
+        return rows.Rows().empty();
+    };
+    NativeQuestion inner;
+    inner.SetCaption(kInner);
+    inner.SetInitFile(m_folder.Path().c_str());
+    inner.SetNoChangeDir();
+    ModalScript script;
+    script
+        .Then(FindFileDialog,
+              [&](HWND dialog) {
+                  EXPECT_FALSE(inner.OpenMFCFileDlg(FileDlg::kLoad, kFilter, 0, nullptr, ""));
+                  EXPECT_TRUE(loses("no such file"));
+                  PressButton(dialog, IDCANCEL);
+              })
+        .Then(
+            [] {
+                const HWND dialog = support::FindThreadWindow("#32770", kInner);
+                return dialog && support::FileListOf(dialog) ? dialog : nullptr;
+            },
+            [&](HWND dialog) {
+                EXPECT_FALSE(::IsWindowEnabled(::GetDlgItem(dialog, kLookIn)));
+                EXPECT_TRUE(loses("no such file"));
+                PressButton(dialog, IDCANCEL);
+            })
+        .Start();
+    EXPECT_FALSE(Open());
+    EXPECT_TRUE(script.Done());
+    EXPECT_FALSE(loses("no such file"));
+}

@@ -120,6 +120,52 @@ TEST_F(NativeFileDlg, APanelThatIsNotThereIsReported)
     EXPECT_THAT(m_told.m_texts, ElementsAre("warning: FileDlg::OpenMFCFileDlg: the dialog template is not there"));
 }
 
+TEST_F(NativeFileDlg, AFilterThatIsABarAloneIsTaken)
+{
+    ModalScript script;
+    script
+        .Then(FindFileDialog,
+              [](HWND dialog) {
+                  SetFileName(dialog, "c.csv");
+                  PressButton(dialog, IDOK);
+              })
+        .Start();
+    EXPECT_TRUE(m_dlg.OpenMFCFileDlg(FileDlg::kLoad, "|", 0, nullptr, kKey));
+    EXPECT_TRUE(script.Done());
+    EXPECT_THAT(m_dlg.Files(), ElementsAre(m_folder.Path("c.csv")));
+}
+
+TEST_F(NativeFileDlg, AFileWithAPathAsLongAsOneMayBeIsChosen)
+{
+    constexpr size_t kLongest = 259;
+    const std::string name = "\\f.tif";
+    const DeepFolder deep(m_folder.Path(), kLongest - name.size());
+    const std::string path = deep.Path() + name;
+    const HANDLE file = ::CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, 0, nullptr);
+    ASSERT_NE(file, INVALID_HANDLE_VALUE);
+    ::CloseHandle(file);
+    EXPECT_TRUE(Ask([&](HWND dialog) { SetFileName(dialog, path); }));
+    EXPECT_THAT(m_dlg.Files(), ElementsAre(path));
+    EXPECT_EQ(History(), deep.Path() + "\\");
+    ::SetCurrentDirectoryA(m_folder.Path().c_str());
+    ::DeleteFileA(path.c_str());
+}
+
+TEST_F(NativeFileDlg, ThePanelShowsAHistoryOfAMegabyte)
+{
+    constexpr size_t kMegabyte = 1 << 20;
+    std::vector<std::string> folders;
+    std::string history;
+    while (history.size() < kMegabyte)
+    {
+        folders.push_back("C:\\" + std::string(200, 'd') + std::to_string(folders.size()));
+        history += folders.back() + ";";
+    }
+    SetFolders(history);
+    LookAt([&](HWND dialog) { EXPECT_EQ(FolderTexts(dialog), folders); });
+    EXPECT_THAT(m_told.m_texts, IsEmpty());
+}
+
 TEST_F(NativeFileDlg, AFileInPlaceOfAFolderIsNotWhereItBegins)
 {
     m_dlg.SetInitFile((m_folder.Path("a.tif") + "\\b.tif").c_str());
@@ -223,6 +269,7 @@ TEST_F(NativeFileDlg, ADialogDestroyedFromOutsideGivesNothing)
     EXPECT_FALSE(Open());
     EXPECT_TRUE(script.Done());
     EXPECT_THAT(m_dlg.Files(), IsEmpty());
+    EXPECT_THAT(m_told.m_texts, IsEmpty());
     EXPECT_TRUE(Ask([](HWND dialog) { SetFileName(dialog, "a.tif"); }));
 }
 
