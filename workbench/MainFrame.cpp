@@ -83,6 +83,8 @@ BEGIN_MESSAGE_MAP(MainFrame, CFrameWnd)
     ON_COMMAND(IDM_GO_PIXEL_SIZE, OnGoPixelSize)
     ON_COMMAND(IDM_GO_TABLE, OnGoTable)
     ON_COMMAND(IDM_GO_CLASS, OnGoClass)
+    ON_UPDATE_COMMAND_UI(IDM_FILE_SAVE_PROJECT, OnUpdateHasProject)
+    ON_UPDATE_COMMAND_UI(IDM_FILE_SAVE_WORKSPACE, OnUpdateHasProject)
     ON_UPDATE_COMMAND_UI(IDM_FILE_SAVE_CONTENTS, OnUpdateSaveContents)
     ON_UPDATE_COMMAND_UI(IDM_EDIT_RENAME, OnUpdateHasPicture)
     ON_UPDATE_COMMAND_UI(IDM_EDIT_DELETE, OnUpdateHasPicture)
@@ -217,8 +219,9 @@ void MainFrame::MeasureFont()
     m_units = {(extent.cx / (kCount / 2) + 1) / 2, extent.cy};
 }
 
-void MainFrame::OpenPath(const std::string& path)
+void MainFrame::OpenPath(const std::string& asked)
 {
+    const std::string path = MakeAbsolute(asked); // a file dialog changes the current folder
     const DFile file(path.c_str());
     if (IsTableName(file.GetPhysFileName().c_str()))
     {

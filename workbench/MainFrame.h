@@ -73,7 +73,8 @@ protected:
     afx_msg void OnFileSaveContents();
     afx_msg void OnFileSaveProject();
     afx_msg void OnFileSaveWorkspace();
-    afx_msg void OnUpdateSaveContents(CCmdUI* command);
+    afx_msg void OnUpdateHasProject(CCmdUI* command);
+    void OnUpdateSaveContents(CCmdUI* command);
     afx_msg void OnFileExit();
     afx_msg void OnEditRename();
     afx_msg void OnEditDelete();
@@ -132,7 +133,7 @@ private:
     void ShowAsIn(const WorkspaceContent& workspace);
     [[nodiscard]] ProjectContent ProjectAsItIs();
     void Import(const FileDlg& dialog, unsigned int (*kindOf)(const std::string& moniker));
-    void AddToProject(const std::vector<repository::NodeRecord>& items);
+    bool AddToProject(const std::vector<repository::NodeRecord>& items);
     void OpenTable(const std::string& path);
     [[nodiscard]] std::string TryTable(const std::string& path);
     void TellLater(const std::string& problem);

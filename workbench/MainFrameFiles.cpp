@@ -8,6 +8,7 @@
 #include "tavkit/filedlg/FileDlg.h"
 #include "workbench/Formats.h"
 #include "workbench/ProjectStore.h"
+#include "workbench/ScaleBar.h"
 
 namespace workbench
 {
@@ -43,7 +44,8 @@ void Tell(const std::string& problem) { AfxMessageBox(problem.c_str(), MB_OK | M
 [[nodiscard]] unsigned int ThematicKind(const std::string& moniker)
 {
     const unsigned int kind = repository::KindOfFile(host::SplitPath(moniker).name);
-    return (kind & bdiVector) != 0 ? kind : PictureKind(moniker);
+    const bool isThere = ::GetFileAttributesW(host::WidePath(moniker).c_str()) != INVALID_FILE_ATTRIBUTES;
+    return (kind & bdiVector) != 0 && isThere ? kind : PictureKind(moniker);
 }
 } // namespace
 
@@ -52,9 +54,13 @@ void MainFrame::OnFileOpenFolder()
     CDlgSlctDir dialog(m_hWnd);
     dialog.m_strTitle = kFolderTitle;
     dialog.m_strKey = kFolderKey;
-    if (dialog.DoBrowse())
+    if (!dialog.DoBrowse())
     {
-        OpenPath(static_cast<LPCTSTR>(dialog.m_strPath));
+        return;
+    }
+    if (const std::string problem = TryProject({static_cast<LPCTSTR>(dialog.m_strPath), {}}); !problem.empty())
+    {
+        Tell("The folder can't be opened. " + problem);
     }
 }
 
@@ -97,7 +103,8 @@ void MainFrame::OnFileOpenWorkspace()
     }
 }
 
-/// Opens a project in place of the one before. @return why that can't be done; nothing has changed then
+/// Opens a project in place of the one before. @return why that can't be done; nothing has changed then, unless the
+/// folder goes in this very moment
 std::string MainFrame::TryProject(const ProjectContent& project)
 {
     if (!IsFolder(project.folder))
@@ -105,28 +112,35 @@ std::string MainFrame::TryProject(const ProjectContent& project)
         return "Its folder \"" + project.folder + "\" isn't there.";
     }
     m_pictures.Load(project.folder);
-    m_project.Tree().OpenFolder(m_pictures.Folder());
+    const bool opened = m_project.Tree().OpenFolder(m_pictures.Folder());
     m_project.Tree().Import(project.imported);
     UpdateLayers();
     FillList(0);
-    return {};
+    return opened ? std::string() : "Its folder \"" + project.folder + "\" can't be read.";
 }
 
 /// Shows what a workspace showed when it was saved, as far as it is still there.
 void MainFrame::ShowAsIn(const WorkspaceContent& workspace)
 {
-    m_pixelSize.SetWindowText(workspace.pixelSize.c_str());
-    m_view.ShowScaleBar(workspace.scaleBar);
-    const std::string problem = workspace.table.empty() ? std::string() : TryTable(workspace.table);
-    if (!workspace.picture.empty())
+    if (ParsePixelSize(workspace.pixelSize))
     {
-        ProjectItem item;
-        item.kind = bdiRaster;
-        item.moniker = workspace.picture;
-        item.label = ImportedLabel(workspace.picture);
-        item.imported = true;
-        ShowItem(item);
+        m_pixelSize.SetWindowText(workspace.pixelSize.c_str());
     }
+    m_view.ShowScaleBar(workspace.scaleBar);
+    const auto showPicture = [&] {
+        if (!workspace.picture.empty() && CurrentPath() != workspace.picture)
+        {
+            ProjectItem item;
+            item.kind = bdiRaster;
+            item.moniker = workspace.picture;
+            item.label = ImportedLabel(workspace.picture);
+            item.imported = true;
+            ShowItem(item);
+        }
+    };
+    showPicture(); // a table whose name tells no picture belongs to this one
+    const std::string problem = workspace.table.empty() ? std::string() : TryTable(workspace.table);
+    showPicture(); // the table may have brought its own
     if (!problem.empty())
     {
         Tell(problem);
@@ -211,7 +225,10 @@ void MainFrame::Import(const FileDlg& dialog, unsigned int (*kindOf)(const std::
     }
     if (!items.empty())
     {
-        AddToProject(items);
+        if (!AddToProject(items))
+        {
+            return;
+        }
         if (m_project.Tree().ChooseMoniker(items.front().id))
         {
             OnProjectChosen();
@@ -224,17 +241,24 @@ void MainFrame::Import(const FileDlg& dialog, unsigned int (*kindOf)(const std::
     }
 }
 
-void MainFrame::AddToProject(const std::vector<repository::NodeRecord>& items)
+/// @return false if the user was told why not; the window may be gone then
+bool MainFrame::AddToProject(const std::vector<repository::NodeRecord>& items)
 {
-    if (m_project.Tree().Import(items))
+    if (m_project.Tree().Items().Imported().size() + items.size() > kMostImported)
     {
-        UpdateLayers();
+        Tell("A project takes " + std::to_string(kMostImported) + " imported layers and tables at most.");
+        return false;
     }
-    else
+    if (!m_project.Tree().Import(items))
     {
         Tell("There is no project to import into. Open a folder first.");
+        return false;
     }
+    UpdateLayers();
+    return true;
 }
+
+void MainFrame::OnUpdateHasProject(CCmdUI* command) { command->Enable(m_project.Tree().Items().Root() != 0); }
 
 void MainFrame::OnFileLoadTable()
 {

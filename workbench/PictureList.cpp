@@ -44,14 +44,6 @@ std::string Narrow(const wchar_t* name)
     return length > 0 ? narrow : "";
 }
 
-/// A path that no longer depends on the current directory; as it was when the system refuses it.
-std::string MakeAbsolute(const std::string& path)
-{
-    char buffer[MAX_PATH];
-    const DWORD length = ::GetFullPathNameA(path.c_str(), sizeof buffer, buffer, nullptr);
-    return length > 0 && length < sizeof buffer ? std::string(buffer, length) : path;
-}
-
 bool EndsWithSeparator(const std::string& path)
 {
     return !path.empty() && kSeparators.find(path.back()) != std::string_view::npos;
@@ -81,6 +73,13 @@ std::string ParentOf(const std::string& path)
     return path.substr(0, isRoot ? start : start - 1);
 }
 } // namespace
+
+std::string MakeAbsolute(const std::string& path)
+{
+    char buffer[MAX_PATH];
+    const DWORD length = ::GetFullPathNameA(path.c_str(), sizeof buffer, buffer, nullptr);
+    return length > 0 && length < sizeof buffer ? std::string(buffer, length) : path;
+}
 
 void PictureList::Load(const std::string& path)
 {

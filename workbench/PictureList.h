@@ -6,6 +6,9 @@
 
 namespace workbench
 {
+/// A path that no longer depends on the current folder; as it was when the system refuses it.
+[[nodiscard]] std::string MakeAbsolute(const std::string& path);
+
 /// The pictures of a folder, by name, and which of them was asked for.
 class PictureList
 {

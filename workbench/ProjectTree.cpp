@@ -94,7 +94,11 @@ bool ProjectTree::OpenFolder(const std::string& path)
     m_opened.clear();
     m_searched = 0;
     m_project.Clear();
-    m_folder = path;
+    if (path != m_folder)
+    {
+        m_imported.clear();
+        m_folder = path;
+    }
     const auto root = m_source.Open(path);
     if (!root)
     {
@@ -109,9 +113,12 @@ bool ProjectTree::OpenFolder(const std::string& path)
 
 void ProjectTree::Reload()
 {
-    const auto imported = m_project.Imported();
+    if (m_project.Root() != 0) // a folder that was away for a while loses nothing
+    {
+        m_imported = m_project.Imported();
+    }
     OpenFolder(std::string(m_folder));
-    Import(imported);
+    Import(m_imported);
 }
 
 bool ProjectTree::Import(const std::vector<repository::NodeRecord>& items)

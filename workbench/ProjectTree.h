@@ -122,6 +122,8 @@ private:
     void Tell(ProjectNotice notice);
 
     std::string m_folder; ///< as it was asked for
+    /// What was imported into the project when it was last loaded anew.
+    std::vector<repository::NodeRecord> m_imported;
     ProjectSource m_source;
     Project m_project;
     std::unordered_set<ProjectId> m_opened; ///< items whose children have rows

@@ -200,6 +200,13 @@ void Tour::VisitWorkspace(const std::filesystem::path& folder)
     ::PostMessageA(m_frame, WM_COMMAND, IDM_FILE_SAVE_WORKSPACE, 0);
     OpenInDialog("Save Workspace as...", workspace, "save-workspace", "Saving the workspace.");
     Await([&] { return std::filesystem::exists(workspace); }, "the workspace is written");
+    const std::string project = (folder / "tissue.tkp").string();
+    ::PostMessageA(m_frame, WM_COMMAND, IDM_FILE_SAVE_PROJECT, 0);
+    OpenInDialog("Save Project as...", project, "save-project", "Saving the project.");
+    Await([&] { return std::filesystem::exists(project); }, "the project is written");
+    ::PostMessageA(m_frame, WM_COMMAND, IDM_FILE_OPEN_PROJECT, 0);
+    OpenInDialog("Open Project...", project, "open-project", "Opening a project.");
+    Await([&] { return StatusText(0) == "tissue.png"; }, "the project's first picture is shown");
     ::PostMessageA(m_frame, WM_COMMAND, IDM_FILE_OPEN_WORKSPACE, 0);
     OpenInDialog("Open Workspace...", workspace, "open-workspace",
                  "Opening a workspace: for its project alone, or read-only.");

@@ -149,6 +149,22 @@ TEST_F(ProjectRows, AReloadShowsTheFolderAsItIsNow)
     EXPECT_EQ(m_drivers->Folders().Live(), repository::LiveCounts{});
 }
 
+TEST_F(ProjectRows, WhatWasImportedComesBackWithAFolderThatWasAway)
+{
+    Open();
+    ASSERT_TRUE(m_tree->Import({{bdiRaster, m_temp.Write("other.tif", ""), "other.tif"}}));
+    ASSERT_THAT(Rows(), testing::HasSubstr("other.tif"));
+    const std::string away = m_root + ".away";
+    ASSERT_TRUE(::MoveFileA(m_root.c_str(), away.c_str()));
+    m_tree->Reload();
+    EXPECT_EQ(Rows(), "");
+    m_tree->Reload();
+    EXPECT_EQ(Rows(), "");
+    ASSERT_TRUE(::MoveFileA(away.c_str(), m_root.c_str()));
+    m_tree->Reload();
+    EXPECT_THAT(Rows(), testing::HasSubstr("other.tif"));
+}
+
 TEST_F(ProjectDrag, WithTheLeftButtonItPutsAnItemElsewhereAmongItsBrothers)
 {
     Open();
