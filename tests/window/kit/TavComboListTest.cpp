@@ -389,6 +389,24 @@ TEST_F(TavComboBackup, RestoringTakesTheLastOfEqualTextsWhenNoneHasTheData)
     EXPECT_EQ(m_combo->GetCurSel(), 2);
 }
 
+TEST_F(TavComboBackup, RestoringForATextThatNamesSeveralEntriesTakesTheOneWithoutDataElseTheLast)
+{
+    for (bool const withoutData : {true, false})
+    {
+        Open({"same", "other", "same", "same", "more"});
+        if (withoutData)
+        {
+            m_combo->SetItemData(2, 0);
+        }
+        m_combo->BackupContents();
+        m_combo->DeleteString(4);
+        m_combo->SetCurSel(-1);
+        m_combo->SetWindowText("same");
+        m_combo->RestoreContents();
+        EXPECT_EQ(m_combo->GetCurSel(), withoutData ? 2 : 3);
+    }
+}
+
 // Data
 
 using TavComboData = ComboTest;
@@ -482,6 +500,12 @@ TEST_F(TavComboMeasures, WithoutAFontTheWidthStays)
     EXPECT_EQ(m_combo->m_widthCalls, 0) << "the list of a control without a font opens as it is";
     EXPECT_FALSE(m_combo->AdjustDropppedWidth());
     EXPECT_EQ(m_combo->GetDroppedWidth(), width);
+}
+
+TEST_F(TavComboMeasures, AListInsideTheControlRefusesTheWidth)
+{
+    Open({kLong.GetString()}, kSimple);
+    EXPECT_FALSE(m_combo->AdjustDropppedWidth());
 }
 
 TEST_F(TavComboMeasures, AControlWithoutAWindowHasNone)

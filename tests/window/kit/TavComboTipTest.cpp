@@ -2,12 +2,42 @@
 
 #include "ComboFixture.h"
 
+#include <algorithm>
+
 namespace
 {
 
 using namespace combo_test;
 
 const std::string kLong = "a rather long entry that does not fit into its box";
+
+/// What comes to a tool tip, which stays the owner of its window.
+class TipRecorder
+{
+public:
+    explicit TipRecorder(HWND tip) : m_tip(tip)
+    {
+        s_messages.clear();
+        s_before =
+            reinterpret_cast<WNDPROC>(::SetWindowLongPtrA(tip, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Record)));
+    }
+    ~TipRecorder() { ::SetWindowLongPtrA(m_tip, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(s_before)); }
+    TipRecorder(TipRecorder const&) = delete;
+    TipRecorder& operator=(TipRecorder const&) = delete;
+
+    [[nodiscard]] static auto Count(UINT message) { return std::ranges::count(s_messages, message); }
+
+private:
+    static LRESULT CALLBACK Record(HWND window, UINT message, WPARAM wParam, LPARAM lParam)
+    {
+        s_messages.push_back(message);
+        return ::CallWindowProcA(s_before, window, message, wParam, lParam);
+    }
+
+    inline static std::vector<UINT> s_messages;
+    inline static WNDPROC s_before = nullptr;
+    HWND m_tip;
+};
 
 class TavComboTip : public ComboTest
 {
@@ -95,6 +125,42 @@ TEST_F(TavComboTip, FollowsTheText)
     m_combo->SetWindowText((kLong + " typed").c_str());
     MoveInto(20);
     EXPECT_EQ(ToolText(), kLong + " typed");
+}
+
+TEST_F(TavComboTip, IsTurnedOnWithEachNewText)
+{
+    OpenLong();
+    MoveInto(20);
+    TipRecorder const tip(m_combo->m_ToolTip);
+    m_combo->m_ToolTip.Activate(FALSE);
+    m_combo->SetCurSel(2);
+    m_combo->UpdateToolTip();
+    EXPECT_EQ(tip.Count(TTM_ACTIVATE), 2);
+    m_combo->UpdateToolTip();
+    EXPECT_EQ(tip.Count(TTM_ACTIVATE), 2) << "the text is the tip already";
+    MoveInto(24);
+    MoveInto(28);
+    EXPECT_TRUE(support::PumpUntil([&] { return ::IsWindowVisible(m_combo->m_ToolTip) != FALSE; }));
+}
+
+TEST_F(TavComboTip, IsDrawnAnewAtEachMouseMoveOverAnEditField)
+{
+    MSG move{.hwnd = nullptr, .message = WM_MOUSEMOVE, .wParam = 0, .lParam = MAKELPARAM(5, 5), .time = 0, .pt = {}};
+    for (DWORD const style : {kEditable, kListOnly})
+    {
+        OpenLong(style);
+        m_combo->UpdateToolTip();
+        ASSERT_TRUE(HasTip());
+        TipRecorder const tip(m_combo->m_ToolTip);
+        int const each = style == kEditable ? 1 : 0;
+        move.hwnd = m_combo->m_hWnd;
+        m_combo->PreTranslateMessage(&move);
+        m_combo->PreTranslateMessage(&move);
+        EXPECT_EQ(tip.Count(TTM_UPDATE), 2 * each);
+        m_combo->SetCurSel(0);
+        m_combo->PreTranslateMessage(&move);
+        EXPECT_EQ(tip.Count(TTM_UPDATE), 2 * each) << "an empty tip isn't drawn";
+    }
 }
 
 TEST_F(TavComboTip, ItsToolIsTheEditField)

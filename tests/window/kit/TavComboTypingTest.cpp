@@ -320,6 +320,21 @@ TEST_F(TavComboTyping, ASimpleComboBoxCompletesAndFilters)
     EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
 }
 
+TEST_F(TavComboTyping, TheEndOfAnEditBringsTheListOfASimpleComboBoxBack)
+{
+    for (UINT const code : {CBN_SELENDOK, CBN_SELENDCANCEL})
+    {
+        OpenFiltering(kEntries, kSimple);
+        Type("x");
+        ASSERT_THAT(m_combo->Entries(), ElementsAre("xyz"));
+        // Not every system tells of it for a list that never closes.
+        m_frame->SendMessage(WM_COMMAND, MAKEWPARAM(kComboId, code), reinterpret_cast<LPARAM>(m_combo->m_hWnd));
+        EXPECT_THAT(m_combo->Entries(), ElementsAreArray(kEntries));
+        EXPECT_EQ(m_combo->GetCurSel(), 2);
+        EXPECT_TRUE(m_combo->m_Backup.IsEmpty());
+    }
+}
+
 TEST_F(TavComboTyping, AListWithoutAnEditFieldIsLeftToItself)
 {
     OpenFiltering(kEntries, kListOnly);
