@@ -7,13 +7,15 @@
 
 #include <windows.h>
 
+#include <algorithm>
 #include <memory>
 
 namespace workbench
 {
 namespace
 {
-constexpr ULONGLONG kMostBytes = 64ULL * 1024 * 1024; ///< far more than a project of the most layers takes
+constexpr ULONGLONG kMostBytes = 64ULL * 1024 * 1024; ///< far more than a project with paths of usual lengths takes
+constexpr int kMostAttributes = 16; ///< of an element; the workbench writes fewer, and each is looked for by its name
 
 /// The folder of a file, without a separator at the end save for a root's.
 [[nodiscard]] std::string HomeOf(const std::string& path)
@@ -30,7 +32,8 @@ constexpr ULONGLONG kMostBytes = 64ULL * 1024 * 1024; ///< far more than a proje
 [[nodiscard]] FileElement ElementOf(const XMLNode& node)
 {
     FileElement element{node.GetName(), {}, {}};
-    for (int i = 0; i < node.GetNumAttr(); ++i)
+    const int count = std::min(node.GetNumAttr(), kMostAttributes);
+    for (int i = 0; i < count; ++i)
     {
         const DString name = node.GetAttrName(i);
         element.attributes.emplace_back(name.c_str(), node.GetAttrStr(name.c_str()).c_str());

@@ -19,7 +19,7 @@ namespace
 {
 constexpr char kRegistryKey[] = "TavKit";
 constexpr char kSection[] = "Workbench";
-/// The tour types its own values and leaves the user's alone.
+/// The tour types its own values and leaves the user's alone, but for the folders that the file dialogs remember.
 constexpr char kTourSection[] = "Tour";
 constexpr int kNotStarted = 2;
 
