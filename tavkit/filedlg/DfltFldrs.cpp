@@ -35,7 +35,7 @@ constexpr char kPathAttribute[] = "path"; ///< of a category in a defaults file
 constexpr unsigned int kMyDocuments = 12;
 
 /// The user's own folders as the shell says, which takes longer than all the rest of a list; so it is asked again only
-/// when the user has moved one.
+/// when the user has moved one, or when one is gone, which is looked after once in a while.
 class ShellPlaces
 {
 public:
@@ -55,12 +55,18 @@ public:
     }
 
     /// Forgets what may have changed. The watch begins before the shell is asked, so that no change falls between.
-    void Refresh() { m_watching = (m_key && ::WaitForSingleObject(m_changed, 0) == WAIT_TIMEOUT) || Watch(); }
+    void Refresh()
+    {
+        m_watching = (m_key && ::WaitForSingleObject(m_changed, 0) == WAIT_TIMEOUT) || Watch();
+        const ULONGLONG now = ::GetTickCount64();
+        m_looking = now - m_looked >= kLookAgain;
+        m_looked = m_looking ? now : m_looked;
+    }
 
     void Translate(tavkit::Place place, DString& entry)
     {
         std::optional<DString>& path = place == tavkit::Place::Desktop ? m_desktop : m_documents;
-        if (m_watching && path && ::GetFileAttributesA(path->c_str()) != INVALID_FILE_ATTRIBUTES)
+        if (m_watching && path && (!m_looking || ::GetFileAttributesA(path->c_str()) != INVALID_FILE_ATTRIBUTES))
         {
             entry = *path;
             return;
@@ -95,9 +101,13 @@ private:
 
     static constexpr char kUserFolders[] = "Software\\Microsoft\\Windows\\CurrentVersion\\Explorer\\User Shell Folders";
 
+    static constexpr ULONGLONG kLookAgain = 1000; ///< milliseconds; nobody opens two dialogs in that time
+
     HKEY m_key = nullptr;
     HANDLE m_changed = nullptr; ///< set once the user's folders have changed
     bool m_watching = false;
+    bool m_looking = false; ///< whether the folders are there is looked at this time
+    ULONGLONG m_looked = 0; ///< when it was looked at last
     std::optional<DString> m_desktop;
     std::optional<DString> m_documents;
 };
