@@ -1,7 +1,9 @@
 // TourFiles.cpp - the part of the tour that asks for files and folders
 #include "workbench/Tour.h"
 
+#include "automation/Controls.h"
 #include "automation/Input.h"
+#include "tavkit/resources/resource.h"
 #include "workbench/resource.h"
 
 #include <shlobj.h>
@@ -20,30 +22,9 @@ namespace
 constexpr int kNameId = 1148; // cmb13 of the system's dialog
 constexpr int kFolderTreeId = 14145;
 constexpr int kFolderEditId = 14149;
-constexpr int kSelectorListId = 6004;
-constexpr int kOptionsId = 6012;
 
 constexpr char kImportImages[] = "Import Image Layers...";
 constexpr char kPage[] = "slides.tif, page=1"; ///< as it is shown when it was imported
-
-/// The first control of that number in a window and all that it holds; null without one.
-HWND FindControl(HWND window, int id)
-{
-    struct Search
-    {
-        int id;
-        HWND found;
-    } search{id, nullptr};
-    ::EnumChildWindows(
-        window,
-        [](HWND child, LPARAM param) {
-            auto& wanted = *reinterpret_cast<Search*>(param);
-            wanted.found = ::GetDlgCtrlID(child) == wanted.id ? child : nullptr;
-            return BOOL(wanted.found == nullptr);
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
 } // namespace
 
 HWND Tour::NameInDialog(const char* title, const std::string& path)
@@ -92,7 +73,7 @@ void Tour::OpenFolder(const std::filesystem::path& folder, const std::string& na
     Await(
         [&] {
             Ask(browser, BFFM_SETSELECTIONA, TRUE, reinterpret_cast<LPARAM>(path.c_str()));
-            return TextOf(FindControl(browser, kFolderEditId)) == folder.filename().string();
+            return TextOf(automation::FindControl(browser, kFolderEditId)) == folder.filename().string();
         },
         "a folder can be chosen");
     Picture(pictureName, caption);
@@ -144,7 +125,7 @@ void Tour::VisitImports(const std::filesystem::path& folder)
     const std::string slides = (folder / "more" / "slides.tif").string();
     PressKey('I', {VK_CONTROL});
     HWND dialog = NameInDialog(kImportImages, slides);
-    HWND options = FindControl(dialog, kOptionsId);
+    HWND options = automation::FindControl(dialog, IDC_OPTIONS);
     if (!Check(options != nullptr, "the dialog has a field for options"))
     {
         return;
@@ -166,14 +147,14 @@ void Tour::VisitImports(const std::filesystem::path& folder)
     if (!Await(
             [&] {
                 selector = Popup(kDialogClass, nullptr);
-                return selector != nullptr && ::GetDlgItem(selector, kSelectorListId) != nullptr &&
+                return selector != nullptr && ::GetDlgItem(selector, IDC_SELECTOR_LIST) != nullptr &&
                        ::GetForegroundWindow() == selector;
             },
             "a slide of several pages asks which ones"))
     {
         return;
     }
-    HWND list = ::GetDlgItem(selector, kSelectorListId);
+    HWND list = ::GetDlgItem(selector, IDC_SELECTOR_LIST);
     Await([&] { return RowCount(list) > 1; }, "the pages are listed");
     Click(CellPoint(list, 1, 0));
     Await([&] { return SelectedRow(list) == 1; }, "a page can be chosen");

@@ -1,6 +1,7 @@
 // FilesTest.cpp - the commands of the File menu, in the system's own dialogs
 #include "WorkbenchFixture.h"
 
+#include "automation/Controls.h"
 #include "workbench/resource.h"
 
 #include <fstream>
@@ -141,31 +142,13 @@ protected:
         support::Settle();
         return dialog;
     }
-    /// A control of a window or of what it holds; null without one.
-    [[nodiscard]] static HWND Control(HWND window, int id)
-    {
-        struct Search
-        {
-            int id;
-            HWND found;
-        } search{id, nullptr};
-        ::EnumChildWindows(
-            window,
-            [](HWND child, LPARAM param) {
-                auto& wanted = *reinterpret_cast<Search*>(param);
-                wanted.found = ::GetDlgCtrlID(child) == wanted.id ? child : nullptr;
-                return BOOL(wanted.found == nullptr);
-            },
-            reinterpret_cast<LPARAM>(&search));
-        return search.found;
-    }
     void ImportWithOptions(const std::string& path, const std::string& text)
     {
         Command(IDM_FILE_IMPORT_IMAGES);
         HWND dialog = AwaitFileDialog(kImportImages);
         ASSERT_NE(dialog, nullptr);
         TypeName(dialog, path);
-        HWND options = Control(dialog, kOptions);
+        HWND options = automation::FindControl(dialog, kOptions);
         ASSERT_NE(options, nullptr);
         ASSERT_TRUE(ClickUntil(options, [&] { return Workbench().Focus() == options; }));
         TypeText(text);
@@ -180,7 +163,7 @@ protected:
         HWND dialog = AwaitFileDialog(kOpenWorkspace);
         ASSERT_NE(dialog, nullptr);
         TypeName(dialog, path);
-        HWND check = Control(dialog, box);
+        HWND check = automation::FindControl(dialog, box);
         ASSERT_NE(check, nullptr);
         ASSERT_TRUE(ClickUntil(check, [&] { return ::SendMessageA(check, BM_GETCHECK, 0, 0) == BST_CHECKED; }));
         HWND name = ::GetDlgItem(dialog, kFileName);

@@ -13,9 +13,9 @@
 namespace
 {
 
+using automation::FindControl;
 using folderbrowser::Accept;
 using folderbrowser::Cancel;
-using folderbrowser::Find;
 using folderbrowser::IsOkEnabled;
 using folderbrowser::kEdit;
 using folderbrowser::kNewFolder;
@@ -206,9 +206,9 @@ TEST_F(DlgSlctDir, TheFolderChosenIsTheResultAndIsStoredButNotPutIntoTheHistory)
     dialog.m_strTitle = "Pick one";
     EXPECT_EQ(Browse(dialog,
                      [&](HWND browser) {
-                         EXPECT_EQ(TextOf(Find(browser, kTitle)), "Pick one");
-                         EXPECT_TRUE(::IsWindowVisible(Find(browser, kEdit)));
-                         EXPECT_TRUE(::IsWindowVisible(Find(browser, kNewFolder)));
+                         EXPECT_EQ(TextOf(FindControl(browser, kTitle)), "Pick one");
+                         EXPECT_TRUE(::IsWindowVisible(FindControl(browser, kEdit)));
+                         EXPECT_TRUE(::IsWindowVisible(FindControl(browser, kNewFolder)));
                          EXPECT_EQ(::GetWindow(browser, GW_OWNER), m_frame.m_hWnd);
                          SelectPath(browser, wanted);
                          Accept(browser);
@@ -414,7 +414,7 @@ TEST_F(DlgSlctDir, TheNewFolderButtonCanBeLeftOut)
     dialog.m_strInitDir = m_folder.Path().c_str();
     dialog.m_bNewFolder = 0;
     Browse(dialog, [&](HWND browser) {
-        HWND const button = Find(browser, kNewFolder);
+        HWND const button = FindControl(browser, kNewFolder);
         EXPECT_TRUE(!button || !::IsWindowVisible(button));
         Cancel(browser);
     });

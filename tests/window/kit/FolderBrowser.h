@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/TempFolder.h"
+#include "automation/Controls.h"
 #include "support/WindowTest.h"
 
 #include <commctrl.h>
@@ -25,28 +26,6 @@ inline HWND Current()
     return dialog && ::GetDlgItem(dialog, kTree) ? dialog : nullptr;
 }
 
-/// A control anywhere below a window; null if there is none.
-inline HWND Find(HWND parent, int id)
-{
-    struct Search
-    {
-        int id;
-        HWND found;
-    } search{id, nullptr};
-    ::EnumChildWindows(
-        parent,
-        [](HWND child, LPARAM param) {
-            auto& wanted = *reinterpret_cast<Search*>(param);
-            if (::GetDlgCtrlID(child) == wanted.id)
-            {
-                wanted.found = child;
-            }
-            return BOOL(wanted.found == nullptr);
-        },
-        reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
 inline std::string TextOf(HWND window)
 {
     char text[MAX_PATH + 1] = "";
@@ -57,8 +36,8 @@ inline std::string TextOf(HWND window)
 /// What the tree has selected, by its label.
 inline std::string SelectedLabel(HWND dialog)
 {
-    HWND const tree = ::FindWindowExA(Find(dialog, kTree), nullptr, WC_TREEVIEWA, nullptr);
-    HWND const view = tree ? tree : Find(dialog, kTree);
+    HWND const tree = ::FindWindowExA(automation::FindControl(dialog, kTree), nullptr, WC_TREEVIEWA, nullptr);
+    HWND const view = tree ? tree : automation::FindControl(dialog, kTree);
     char text[MAX_PATH + 1] = "";
     TVITEMA item{};
     item.mask = TVIF_TEXT;

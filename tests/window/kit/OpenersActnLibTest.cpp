@@ -96,7 +96,7 @@ TEST_F(ActnLibOpener, TakesTheLibraryOfTheFolderBehindTheResult)
     std::string title;
     HWND owner = nullptr;
     EXPECT_TRUE(Open(dlg, [&](HWND browser) {
-        title = folderbrowser::TextOf(folderbrowser::Find(browser, folderbrowser::kTitle));
+        title = folderbrowser::TextOf(automation::FindControl(browser, folderbrowser::kTitle));
         owner = ::GetWindow(browser, GW_OWNER);
         Pick()(browser);
     }));
